@@ -1,0 +1,18 @@
+#include <QApplication>
+
+#include "app/register_screens.h"
+#include "platform/qt/qt_desktop.h"
+
+int main(int argc, char** argv) {
+  // The game places and stacks its own windows, which only X11 lets it do.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+  }
+  const QApplication application(argc, argv);
+  platform::qt::QtDesktop desktop;
+  game::GameOptions options;
+  game::GameState state;
+  app::registerScreens(desktop, options, state);
+  desktop.start("Titlefrm");
+  return QApplication::exec();
+}

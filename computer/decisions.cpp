@@ -1,0 +1,43 @@
+#include "computer/decisions.h"
+
+#include <algorithm>
+
+namespace computer {
+
+using game::IconKind;
+
+namespace {
+
+constexpr std::size_t ship = 0;
+constexpr std::size_t crew = 3;
+constexpr std::size_t cargo = 4;
+
+/// The lowest face worth keeping for CREW or CARGO.
+int lowestKept(int throwCount) {
+  switch (throwCount) {
+    case 1: return 5;
+    case 2: return 4;
+    default: return 0;
+  }
+}
+
+}  // namespace
+
+std::optional<Choice> decide(const std::array<int, game::diceCount>& faces,
+                             const std::array<bool, game::diceCount>& atHome, const IconsTaken& iconTaken,
+                             int throwCount) {
+  for (std::size_t icon = ship; icon < crew; ++icon) {
+    const int wanted = 6 - static_cast<int>(icon);
+    const auto found = std::find(faces.begin(), faces.end(), wanted);
+    if (iconTaken[icon] || found == faces.end()) continue;
+    return Choice{static_cast<std::size_t>(found - faces.begin()), static_cast<IconKind>(icon)};
+  }
+  if (!iconTaken[0] || !iconTaken[1] || !iconTaken[2] || iconTaken[cargo]) return std::nullopt;
+  for (std::size_t die = 0; die < game::diceCount; ++die) {
+    if (!atHome[die] || faces[die] < lowestKept(throwCount)) continue;
+    return Choice{die, iconTaken[crew] ? IconKind::Cargo : IconKind::Crew};
+  }
+  return std::nullopt;
+}
+
+}  // namespace computer

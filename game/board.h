@@ -1,0 +1,108 @@
+// The board on which two to four people play, and everything a turn consists of.
+//
+// One class over several files, one for each step of play: `throwing`, `reveal`, `setting_aside`, `scoring`,
+// `handover`, `ending`; this file's own source has the layout, the opening and the buttons.
+#pragma once
+
+#include <array>
+#include <string_view>
+
+#include "game/options.h"
+#include "game/state.h"
+#include "platform/desktop.h"
+
+namespace game {
+
+class tolvane : public platform::Screen {
+ public:
+  tolvane(platform::Desktop& desktop, GameOptions& options, GameState& state,
+          std::string_view name = "tolvane");
+
+  /// Opens the board: for a fresh game, or for the saved one when `restoreSavedGame` is 1.
+  void load() override;
+
+  /// Ends the turn if it is over: five dice lie on icons, or the third throw shows no 6, 5 and 4. Scores it, moves the
+  /// seat on and starts the hand-over. Changes nothing the players can see while the turn goes on.
+  void checkturnover();
+
+  /// Announces the winner or a draw. Called when four rounds have been played.
+  void endofgame();
+
+  /// Throws the dice that are at home.
+  void throwdice();
+
+ protected:
+  // What a board with other players does differently.
+
+  /// Puts the score displays of the seats in play at their places and hides the others.
+  virtual void layOutTotals();
+  /// Shows the totals that the board opens with.
+  virtual void showTotals();
+  virtual bool mayThrow() const;
+  virtual void dieMouseMove(std::size_t die, const platform::MouseEvent& mouse);
+  virtual void dieMouseUp(std::size_t die);
+  /// A seat's turn begins: after the hand-over, or on a resumed board.
+  virtual void beginTurn() {}
+  /// Drops whatever the board would still do by itself in the turn under way.
+  virtual void abandonTurn() {}
+
+  bool atHome(std::size_t die) const;
+  void reveal();
+  void play(std::string_view sound);
+
+  // Members of the button array `Label2`.
+  static constexpr std::size_t footerCaption = 0;
+  static constexpr std::size_t computerCaption = 1;  // Only where the computer plays.
+  static constexpr std::size_t exitButton = 2;
+  static constexpr std::size_t throwDice = 3;
+  static constexpr std::size_t newGame = 4;
+
+  platform::Widget Shape1;                                // The frame around the column of icons.
+  std::array<platform::Widget, iconCount> Image1;         // The icons.
+  platform::Widget Image2;                                // The logo.
+  platform::Widget Label1;                                // Status line: whose turn it is.
+  platform::WidgetArray Label2;                           // The buttons.
+  platform::WidgetArray Label3;                           // 0 to 4 the icons' names; 7, 8 and 9 their values.
+  std::array<platform::Widget, diceCount> Label4;         // The dice.
+  std::array<platform::Widget, seats.size()> Label5;      // The totals of the seats.
+  platform::Widget Label6;                                // Round line.
+  std::array<platform::Widget, diceCount> Label7;         // The home markers of the dice.
+  platform::Widget Label8;                                // Throw counter.
+  platform::Widget Label9;                                // Turn score line.
+  platform::Widget Label10;                               // The hint to drag the dice.
+
+  platform::Timer Timer1{4000};  // Hand-over to the next seat.
+  platform::Timer Timer2{250};   // Flashing of the winner.
+  platform::Timer Timer5{1000};  // Reveal of the thrown dice.
+  platform::Timer Timer8{250};   // Roll animation.
+
+  GameOptions& options_;
+  GameState& state_;
+  BoardState board_;
+
+ private:
+  void layOutWidgets();
+  void connectHandlers();
+  void clickButton(std::size_t button);
+  void startNewGame();
+  void leave();
+
+  void roll();
+
+  bool maySetAside(std::size_t die) const;
+  void moveTo(std::size_t die, const platform::Widget& place);
+  int diceOn(const platform::Widget& icon) const;
+
+  bool anyDieShows(int face) const;
+  int pointsOn(IconKind icon) const;
+  void showTurnScore(int points);
+
+  void handover();
+  void presentSeat();
+  void colourBoard(platform::Colour colour);
+  void showRound();
+
+  void flashWinner();
+};
+
+}  // namespace game

@@ -1,0 +1,38 @@
+// The end of the game: the winner flashes to a klaxon, or the game is a draw.
+
+#include <algorithm>
+
+#include "game/board.h"
+#include "game/scoring.h"
+#include "screens/playwav.h"
+
+namespace game {
+
+void tolvane::endofgame() {
+  board_.gameFinished = true;
+  std::array<int, seats.size()> finalScore{};
+  const auto playing = finalScore.begin() + options_.playerCount;
+  std::transform(Label5.begin(), Label5.begin() + options_.playerCount, finalScore.begin(),
+                 [](const platform::Widget& total) { return numberShown(total.text); });
+  const auto best = std::max_element(finalScore.begin(), playing);  // The first of equals.
+  board_.winnerSeat = static_cast<std::size_t>(best - finalScore.begin());
+  const bool drawFlag = std::count(finalScore.begin(), playing, *best) > 1;
+  if (drawFlag) {
+    Label1.text = "IT'S A DRAW";
+    play(sounds::klaxon);
+  } else {
+    Label1.text = seats[board_.winnerSeat].hasWon;
+    Timer2.enable();
+  }
+  Label6.text = "END OF GAME";
+  colourBoard(seats[board_.winnerSeat].colour);
+  Label2[throwDice].background = seats[board_.winnerSeat].colour;
+}
+
+void tolvane::flashWinner() {
+  board_.flashCount = (board_.flashCount + 1) % 8;
+  Label1.textColour = board_.flashCount % 2 == 1 ? platform::white : seats[board_.winnerSeat].colour;
+  if (board_.flashCount == 1) play(sounds::klaxon);
+}
+
+}  // namespace game

@@ -1,0 +1,29 @@
+// Pictures from files, kept as long as the program runs.
+#pragma once
+
+#include <QImage>
+#include <QPixmap>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/widget.h"
+
+namespace platform::qt {
+
+class Pictures {
+ public:
+  /// The own size of a picture in twips; nothing when it cannot be read.
+  std::optional<Size> ownSize(std::string_view path);
+
+  /// A picture at exactly this many pixels; a null pixmap when it cannot be read.
+  QPixmap scaledTo(std::string_view path, QSize pixels);
+
+ private:
+  const QImage& image(std::string_view path);
+
+  std::map<std::string, QImage, std::less<>> images_;
+};
+
+}  // namespace platform::qt

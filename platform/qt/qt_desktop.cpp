@@ -1,0 +1,131 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QScreen>
+#include <QUrl>
+#include <algorithm>
+
+#include "platform/files.h"
+
+namespace platform::qt {
+
+FrameExtents extents(const QMargins& frame) {
+  const auto twips = [](int px) { return static_cast<float>(px) * twipsPerPixel; };
+  return {twips(frame.left()), twips(frame.top()), twips(frame.right()), twips(frame.bottom())};
+}
+
+QtDesktop::QtDesktop() {
+  QGuiApplication::setQuitOnLastWindowClosed(false);  // Only a backdrop left counts as well; see `handle`.
+  clock_.start();
+  ticker_.setTimerType(Qt::PreciseTimer);
+  ticker_.setSingleShot(true);
+  ticker_.callOnTimeout([this] {
+    runDueTick(now());
+    armTicker();
+  });
+}
+
+QtDesktop::~QtDesktop() {
+  for (const auto& [screen, window] : windows_) delete window;
+}
+
+void QtDesktop::start(std::string_view screen) {
+  run([&] { show(screen); });
+}
+
+Size QtDesktop::displaySize() const {
+  const QSize display = QGuiApplication::primaryScreen()->size();
+  return {static_cast<float>(display.width()) * twipsPerPixel,
+          static_cast<float>(display.height()) * twipsPerPixel};
+}
+
+FrameExtents QtDesktop::titleBarFrame() const {
+  return extents(titleBar_);
+}
+
+std::optional<Size> QtDesktop::pictureSize(std::string_view path) {
+  return pictures_.ownSize(path);
+}
+
+void QtDesktop::playSound(std::string_view path) {
+  sounds_.play(path);
+}
+
+void QtDesktop::openDocument(std::string_view target) {
+  const QUrl address(QString::fromUtf8(target.data(), static_cast<qsizetype>(target.size())));
+  if (!address.scheme().isEmpty()) {
+    QDesktopServices::openUrl(address);
+    return;
+  }
+  const QFileInfo document(QString::fromStdString(fileNamed(target).string()));
+  if (document.isFile()) QDesktopServices::openUrl(QUrl::fromLocalFile(document.absoluteFilePath()));
+}
+
+void QtDesktop::setPointer(Pointer pointer) {
+  if (pointer == Pointer::Busy) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QGuiApplication::restoreOverrideCursor();
+  }
+}
+
+void QtDesktop::endProgram() {
+  QCoreApplication::quit();
+}
+
+void QtDesktop::run(const std::function<void()>& handler) {
+  handle(now(), handler);
+  armTicker();
+}
+
+void QtDesktop::clickWidget(Widget& widget) {
+  click(now(), widget);
+  armTicker();
+}
+
+void QtDesktop::raiseOverBackdrop() {
+  for (const auto& screen : openScreens()) {
+    if (screen->frame != Frame::Backdrop) windows_.at(screen.get())->raise();
+  }
+}
+
+void QtDesktop::present(Screen& screen) {
+  ScreenWindow*& window = windows_[&screen];
+  if (!window) window = new ScreenWindow(*this, screen);
+  window->present(window->isBackdrop() ? nullptr : backdrop());
+}
+
+void QtDesktop::dismiss(Screen& screen) {
+  const auto found = windows_.find(&screen);
+  if (found == windows_.end()) return;
+  found->second->dismiss();
+  windows_.erase(found);
+}
+
+void QtDesktop::refresh(Screen& screen) {
+  windows_.at(&screen)->refresh();
+}
+
+Moment QtDesktop::now() const {
+  return std::chrono::duration_cast<Moment>(std::chrono::nanoseconds(clock_.nsecsElapsed()));
+}
+
+void QtDesktop::armTicker() {
+  const auto due = nextTick();
+  if (!due) {
+    ticker_.stop();
+    return;
+  }
+  const auto wait = std::chrono::ceil<std::chrono::milliseconds>(*due - now());
+  ticker_.start(std::max(wait, std::chrono::milliseconds(0)));
+}
+
+ScreenWindow* QtDesktop::backdrop() const {
+  const auto found = std::find_if(windows_.begin(), windows_.end(),
+                                  [](const auto& entry) { return entry.second->isBackdrop(); });
+  return found == windows_.end() ? nullptr : found->second;
+}
+
+}  // namespace platform::qt

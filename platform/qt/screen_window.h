@@ -1,0 +1,46 @@
+// The window of one screen.
+#pragma once
+
+#include <QMargins>
+#include <QWidget>
+#include <deque>
+#include <vector>
+
+#include "platform/qt/views.h"
+#include "platform/screen.h"
+
+namespace platform::qt {
+
+class ScreenWindow final : public QWidget {
+ public:
+  ScreenWindow(QtDesktop& desktop, Screen& screen);
+
+  /// Draws what differs from what was last drawn.
+  void refresh();
+
+  /// Shows the window, above `backdrop` for good if there is one, or brings it to the front.
+  void present(QWidget* backdrop);
+
+  /// Takes the window off the display; from here on it knows no screen.
+  void dismiss();
+
+  bool isBackdrop() const { return isBackdrop_; }
+
+ private:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+  void place();
+  void raiseInDrawingOrder();
+
+  QtDesktop& desktop_;
+  Screen* screen_;  // Null once dismissed.
+  bool isBackdrop_;
+  std::deque<View> views_;
+  std::vector<const Widget*> drawnOrder_;
+  QMargins frame_;  // As it was when the window was last placed.
+};
+
+}  // namespace platform::qt

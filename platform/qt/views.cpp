@@ -1,0 +1,217 @@
+#include "platform/qt/views.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPushButton>
+#include <cmath>
+
+#include "platform/qt/qt_desktop.h"
+
+namespace platform::qt {
+
+namespace {
+
+QColor colour(Colour from) {
+  return {from.red, from.green, from.blue};
+}
+
+/// What is disabled fades towards grey.
+QColor colourOf(Colour from, bool enabled) {
+  if (enabled) return colour(from);
+  const auto faded = [](int channel) { return (2 * channel + 3 * 128) / 5; };
+  return {faded(from.red), faded(from.green), faded(from.blue)};
+}
+
+/// A button that is held down sinks by a pixel; one chosen with the keyboard has a dotted frame.
+struct ButtonState {
+  bool down = false;
+  bool focused = false;
+};
+
+void paintTick(QPainter& painter, const Appearance& look, QRectF box) {
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.fillRect(box, Qt::white);
+  painter.setPen(QPen(colour(black), 1));
+  painter.drawRect(box.adjusted(0, 0, -1, -1));
+  if (!look.checked) return;
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(colour(black), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const auto at = [&box](double x, double y) {
+    return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
+  };
+  painter.drawPolyline(QList<QPointF>{at(0.22, 0.52), at(0.42, 0.74), at(0.78, 0.26)});
+}
+
+void paint(QWidget& view, const Appearance& look, Pictures& pictures, ButtonState state = {}) {
+  QPainter painter(&view);
+  QRectF box = view.rect();
+  if (look.background) painter.fillRect(box, colourOf(*look.background, look.enabled));
+  if (!look.picture.empty()) {
+    const qreal scale = view.devicePixelRatioF();
+    painter.drawPixmap(box, pictures.scaledTo(look.picture, (box.size() * scale).toSize()), QRectF());
+  }
+  if (look.border) {
+    const qreal line = look.borderWidth / twipsPerPixel;
+    painter.setPen(QPen(colour(look.borderColour), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2));
+  }
+  const QColor ink = colourOf(look.textColour, look.enabled);
+  if (state.focused) {
+    painter.setPen(QPen(ink, 1, Qt::DotLine));
+    painter.drawRect(box.adjusted(2.5, 2.5, -2.5, -2.5));
+  }
+  if (look.role == Role::CheckBox) {
+    constexpr qreal side = 15;
+    paintTick(painter, look, QRectF(0, std::floor((box.height() - side) / 2), side, side));
+    box.setLeft(side + 6);
+  }
+  if (state.down) box.translate(1, 1);
+  painter.setPen(ink);
+  painter.setFont(fontFor(look.font));
+  painter.drawText(box, textFlags(look), QString::fromStdString(look.text));
+}
+
+/// A label, a picture, a die: whatever is no button.
+class LabelView final : public QLabel {
+ public:
+  LabelView(QtDesktop& desktop, Widget& widget, QWidget& parent)
+      : QLabel(&parent), desktop_(desktop), widget_(widget) {
+    const bool deaf = !widget.onClick && !widget.onMouseMove && !widget.onMouseUp;
+    setAttribute(Qt::WA_TransparentForMouseEvents, deaf);
+    setMouseTracking(static_cast<bool>(widget.onMouseMove));
+  }
+
+ private:
+  void paintEvent(QPaintEvent* /*event*/) override { paint(*this, widget_, desktop_.pictures()); }
+
+  // Taken, so that the moves and the release come here even when the pointer leaves.
+  void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+
+  void mouseMoveEvent(QMouseEvent* event) override {
+    if (!widget_.onMouseMove) return;
+    desktop_.run([this, mouse = overWidget(*event)] { widget_.onMouseMove(mouse); });
+  }
+
+  void mouseReleaseEvent(QMouseEvent* event) override {
+    if (widget_.onMouseUp) {
+      desktop_.run([this, mouse = overWidget(*event)] { widget_.onMouseUp(mouse); });
+    } else if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+      desktop_.clickWidget(widget_);
+    }
+  }
+
+  // Measured from where the widget lies exactly, not from the pixel it is drawn at: a drag does not creep.
+  MouseEvent overWidget(const QMouseEvent& event) const {
+    const QPointF inWindow = event.scenePosition() * static_cast<qreal>(twipsPerPixel);
+    MouseEvent mouse;
+    mouse.buttons = (event.buttons() & Qt::LeftButton ? 1 : 0) | (event.buttons() & Qt::RightButton ? 2 : 0) |
+                    (event.buttons() & Qt::MiddleButton ? 4 : 0);
+    mouse.shift = (event.modifiers() & Qt::ShiftModifier ? 1 : 0) |
+                  (event.modifiers() & Qt::ControlModifier ? 2 : 0) |
+                  (event.modifiers() & Qt::AltModifier ? 4 : 0);
+    mouse.x = static_cast<float>(inWindow.x()) - widget_.left;
+    mouse.y = static_cast<float>(inWindow.y()) - widget_.top;
+    return mouse;
+  }
+
+  QtDesktop& desktop_;
+  Widget& widget_;
+};
+
+/// A button or a check box: real to the keyboard and to screen readers, drawn like everything else.
+template <typename Button>
+class ButtonView final : public Button {
+ public:
+  ButtonView(QtDesktop& desktop, Widget& widget, QWidget& parent)
+      : Button(&parent), desktop_(desktop), widget_(widget) {
+    this->setFocusPolicy(Qt::TabFocus);
+    QObject::connect(this, &Button::clicked, this, [this] { desktop_.clickWidget(widget_); });
+  }
+
+ private:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    paint(*this, widget_, desktop_.pictures(), {this->isDown(), this->hasFocus()});
+  }
+
+  bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
+
+  // The model decides what is ticked.
+  void nextCheckState() override {}
+
+  QtDesktop& desktop_;
+  Widget& widget_;
+};
+
+QWidget* makeView(QtDesktop& desktop, Widget& widget, QWidget& parent) {
+  switch (widget.role) {
+    case Role::Button: return new ButtonView<QPushButton>(desktop, widget, parent);
+    case Role::CheckBox: return new ButtonView<QCheckBox>(desktop, widget, parent);
+    case Role::Text: break;
+  }
+  return new LabelView(desktop, widget, parent);
+}
+
+void setText(QWidget& view, const QString& text) {
+  if (auto* label = qobject_cast<QLabel*>(&view)) label->setText(text);
+  if (auto* button = qobject_cast<QAbstractButton*>(&view)) button->setText(text);
+}
+
+}  // namespace
+
+int pixels(float twips) {
+  return static_cast<int>(std::lround(twips / twipsPerPixel));
+}
+
+QFont fontFor(const Font& font) {
+  constexpr float twipsPerPoint = 20;
+  const QString family = QString::fromUtf8(font.family.data(), static_cast<qsizetype>(font.family.size()));
+  QFont made(QStringList{family, QStringLiteral("Liberation Sans")});
+  made.setPixelSize(pixels(font.points * twipsPerPoint));
+  made.setBold(font.bold);
+  return made;
+}
+
+int textFlags(const Appearance& look) {
+  int flags = Qt::AlignLeft;
+  if (look.alignment == Alignment::Centre) flags = Qt::AlignHCenter;
+  if (look.alignment == Alignment::Right) flags = Qt::AlignRight;
+  // Buttons, dice and totals have their text in the middle, running text starts at the top.
+  flags |= look.border || look.role == Role::CheckBox ? Qt::AlignVCenter : Qt::AlignTop;
+  // A line that fits to the pixel must not break for a rounding.
+  const qreal width = QFontMetricsF(fontFor(look.font)).horizontalAdvance(QString::fromStdString(look.text));
+  if (width > look.width / twipsPerPixel + 1) flags |= Qt::TextWordWrap;
+  return flags;
+}
+
+View::View(QtDesktop& desktop, Widget& widget, QWidget& parent)
+    : widget_(widget), shown_(makeView(desktop, widget, parent)) {
+  shown_->setObjectName(QString::fromStdString(widget.name));
+  show(true);
+}
+
+void View::refresh() {
+  if (static_cast<const Appearance&>(widget_) != drawn_) show(false);
+}
+
+void View::show(bool all) {
+  const Appearance before = std::exchange(drawn_, widget_);
+  const int left = pixels(widget_.left);
+  const int top = pixels(widget_.top);
+  shown_->setGeometry(left, top, pixels(widget_.left + widget_.width) - left,
+                      pixels(widget_.top + widget_.height) - top);
+  shown_->setVisible(widget_.visible);
+  shown_->setEnabled(widget_.enabled);
+  // Only a move: the pixels come along.
+  Appearance moved = before;
+  moved.left = widget_.left;
+  moved.top = widget_.top;
+  if (!all && moved == drawn_) return;
+  shown_->setAttribute(Qt::WA_OpaquePaintEvent, widget_.background.has_value());
+  setText(*shown_, QString::fromStdString(widget_.text));
+  if (auto* box = qobject_cast<QCheckBox*>(shown_)) box->setChecked(widget_.checked);
+  shown_->update();
+}
+
+}  // namespace platform::qt

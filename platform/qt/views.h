@@ -1,0 +1,45 @@
+// What the widgets of a screen look like, and how the mouse and the keyboard reach them.
+#pragma once
+
+#include <QWidget>
+#include <memory>
+
+#include "platform/widget.h"
+
+namespace platform::qt {
+
+class QtDesktop;
+
+inline constexpr float twipsPerPixel = 15;  // At 96 dots per inch; Qt adds the display's own scale.
+
+/// The whole pixels nearest to a place in twips.
+int pixels(float twips);
+
+/// The font a text is drawn in, sized in pixels so that it keeps its proportion to its box on every display.
+QFont fontFor(const Font& font);
+
+/// How the lines of a text lie in its box, as Qt::AlignmentFlag and Qt::TextFlag.
+int textFlags(const Appearance& look);
+
+/// Makes the Qt widget that shows `widget` and hands mouse and keyboard on to its handlers. It belongs to `parent`;
+/// `widget` must outlive it.
+class View {
+ public:
+  View(QtDesktop& desktop, Widget& widget, QWidget& parent);
+
+  /// Brings the Qt widget up to date if anything that can be seen has changed since the last time.
+  void refresh();
+
+  void raise() { shown_->raise(); }
+
+  const Widget& widget() const { return widget_; }
+
+ private:
+  void show(bool all);
+
+  Widget& widget_;
+  Appearance drawn_;
+  QWidget* shown_;  // Owned by its Qt parent.
+};
+
+}  // namespace platform::qt

@@ -1,0 +1,85 @@
+// A desktop without a display: the clock is moved by hand, clicks and drags are calls, and what the game asks of the
+// desktop is written to lists.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/desktop.h"
+
+namespace platform {
+
+/// Chance that can be told what comes next; without script a generator with a fixed seed.
+class SimulatedChance final : public Chance {
+ public:
+  void reseed() override { ++reseeds; }
+  double next() override;
+
+  std::deque<double> script;  ///< Numbers in [0, 1), used up first.
+  int reseeds = 0;
+
+ private:
+  std::mt19937_64 generator_{20261122};
+};
+
+class SimulatedDesktop final : public Desktop {
+ public:
+  // What the display is like.
+  Size display{19200, 15360};
+  FrameExtents frame{};
+  std::map<std::string, std::optional<Size>, std::less<>> pictures;  ///< Pictures not listed load, 1500 by 1500.
+
+  // What the game asked for, in order.
+  std::vector<std::string> sounds;
+  std::vector<std::string> documents;
+  std::vector<Pointer> pointers;
+  bool ended = false;
+
+  Moment now() const { return now_; }
+
+  /// Shows a screen from outside any handler, as the start of the program does.
+  void start(std::string_view screen);
+
+  /// Moves the clock on, with every tick that is due on the way, the last moment included.
+  void advance(int milliseconds);
+
+  using Desktop::click;
+
+  /// Clicks a widget of an open screen as a person would. False when there is nothing to click there: the screen is
+  /// not open, or the widget is hidden, disabled or deaf to clicks.
+  bool click(std::string_view screen, std::string_view widget);
+
+  /// Moves the mouse over a widget with these buttons held; x and y in twips from the widget's top left corner.
+  void moveMouse(std::string_view screen, std::string_view widget, MouseEvent event);
+
+  /// Lets a mouse button go over a widget.
+  void releaseMouse(std::string_view screen, std::string_view widget, MouseEvent event = {});
+
+  /// Closes a screen with its window's own close control.
+  void closeWindow(std::string_view screen);
+
+  /// The widget of this name ("Label2(3)") on an open screen; null where there is none.
+  Widget* widget(std::string_view screen, std::string_view name) const;
+
+  Size displaySize() const override { return display; }
+  FrameExtents titleBarFrame() const override { return frame; }
+  std::optional<Size> pictureSize(std::string_view path) override;
+  void playSound(std::string_view path) override { sounds.emplace_back(path); }
+  void openDocument(std::string_view target) override { documents.emplace_back(target); }
+  void setPointer(Pointer pointer) override { pointers.push_back(pointer); }
+  void endProgram() override { ended = true; }
+  SimulatedChance& chance() override { return chance_; }
+
+ private:
+  void present(Screen& /*screen*/) override {}
+  void dismiss(Screen& /*screen*/) override {}
+  void refresh(Screen& /*screen*/) override {}
+
+  Moment now_{};
+  SimulatedChance chance_;
+};
+
+}  // namespace platform

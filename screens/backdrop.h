@@ -1,0 +1,18 @@
+// The plain blue backdrop that hides the desktop behind the program's other screens.
+#pragma once
+
+#include "platform/desktop.h"
+
+namespace screens {
+
+class Grey final : public platform::Screen {
+ public:
+  explicit Grey(platform::Desktop& desktop) : Screen(desktop, "Grey") {
+    caption = "Form1";
+    frame = platform::Frame::Backdrop;
+  }
+
+  void load() override { background = {49, 135, 215}; }
+};
+
+}  // namespace screens

@@ -1,0 +1,111 @@
+#include "screens/options.h"
+
+#include "game/look.h"
+#include "screens/fitscreen.h"
+#include "screens/playwav.h"
+
+namespace screens {
+
+namespace {
+
+// A display of this width is filled by a board: there is nothing to choose, the backdrop stays.
+constexpr float narrowDisplay = 12000;
+
+constexpr std::array<float, 4> numbersLeft{360, 1680, 2940, 4200};
+
+game::look::Appearance checkBox(game::look::Box box, std::string_view text) {
+  using namespace game::look;
+  Appearance look = label(box, arialBold(12), yellow, text);
+  look.background = navy;
+  look.role = platform::Role::CheckBox;
+  look.checked = true;
+  return look;
+}
+
+}  // namespace
+
+Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
+    : Screen(desktop, "Startplay2"), options_(options) {
+  using namespace game::look;
+  caption = " ";
+  background = navy;
+  client = {5445, 6570};
+
+  add(Label4, "Label4", centred({330, 120, 4755, 1695}, arialBold(32.25F), yellow, " Tolvane"));
+  add(Label6, "Label6", button({720, 1920, 1935, 435}, arialBold(15.75F), yellow, "The Rules"));
+  add(Image2, "Image2", picture({3600, 1800, 1500, 2085}));
+  add(Check1, "Check1", checkBox({720, 2640, 1695, 375}, "Play Sound"));
+  add(Check3, "Check3", hidden(checkBox({720, 3240, 1935, 375}, "Hide Desktop")));
+  add(Label2[0], "Label2(0)",
+      centred({240, 4080, 5160, 600}, arialBold(20.25F), orange, "Select Number of Players"));
+  for (std::size_t i = 0; i < Label1.size(); ++i) {
+    add(Label1[i], platform::indexed("Label1", i),
+        button({numbersLeft[i], 4680, 855, 735}, tahomaBold(26.25F), orange, std::to_string(i + 1)));
+    Label1[i].onClick = [this, players = static_cast<int>(i) + 1] { startGame(players); };
+  }
+  add(Label2[12], "Label2(12)", button({720, 5640, 3315, 375}, tahomaBold(12), yellow, makersPage));
+  add(Label3, "Label3(0)", button({4560, 5640, 735, 375}, arialBold(12.75F), yellow, "Exit"));
+  add(Label2[1], "Label2(1)", centred({-30, 6180, 5535, 285}, arialBold(12), yellow, footer));
+
+  Check1.onClick = [this] { play(sounds::click1); };
+  Check3.onClick = [this] { switchBackdrop(); };
+  for (auto& [index, widget] : Label2) {
+    widget.onClick = [this] { this->desktop().openDocument(makersPage); };
+  }
+  Label3.onClick = [this] { leave(); };
+  Label6.onClick = [this] { showRules(); };
+}
+
+void Startplay2::load() {
+  options_.computerOpponent = 0;
+  centre(desktop(), *this);
+  if (!loadPicture(desktop(), Image2, R"(Images\logo2.jpg)")) {
+    fitscreen(desktop(), *this);
+    return;
+  }
+  Check3.visible = desktop().displaySize().width > narrowDisplay;
+  Check3.checked = options_.hideDesktop != 0;
+}
+
+void Startplay2::switchBackdrop() {
+  play(sounds::click1);
+  options_.hideDesktop = Check3.checked ? 1 : 0;
+  if (Check3.checked) {
+    desktop().show("Grey");
+  } else {
+    desktop().unload("Grey");
+  }
+  desktop().show(name());
+}
+
+void Startplay2::startGame(int players) {
+  desktop().unload("tolvane");
+  options_.playerCount = players;
+  options_.soundOn = Check1.checked ? 1 : 0;
+  if (players == 1) {
+    options_.computerOpponent = 1;
+    options_.playerCount = 2;
+    desktop().show("tolvanecomputer");
+  } else {
+    desktop().show("tolvane");
+  }
+  desktop().unload("Wembickrules");
+  desktop().unload(name());
+  play(sounds::click);
+}
+
+void Startplay2::showRules() {
+  desktop().show("Wembickrules");
+  play(sounds::click);
+}
+
+void Startplay2::leave() {
+  desktop().show("Titlefrm");
+  desktop().unload(name());
+}
+
+void Startplay2::play(std::string_view sound) {
+  if (options_.soundOn == 1) playwav(desktop(), sound);
+}
+
+}  // namespace screens

@@ -1,0 +1,67 @@
+#include "screens/title.h"
+
+#include "game/look.h"
+#include "game/saved_game.h"
+#include "screens/fitscreen.h"
+#include "screens/playwav.h"
+
+namespace screens {
+
+Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game::GameState& state)
+    : Screen(desktop, "Titlefrm"), options_(options), state_(state) {
+  using namespace game::look;
+  caption = " ";
+  background = navy;
+  client = {5445, 6570};
+
+  // The panel reaches a little beyond the window's left and top edge; all else has its place within the panel.
+  constexpr Box panel{-30, -120, 5640, 6720};
+  const auto within = [panel](Box box) {
+    return Box{box.left + panel.left, box.top + panel.top, box.width, box.height};
+  };
+  add(Frame1, "Frame1", label(panel, arial(12), yellow));
+  Frame1.background = navy;
+  add(Label4, "Label4", centred(within({360, 240, 4755, 1575}), arialBold(32.25F), yellow, " Tolvane"));
+  add(Picture1, "Picture1", picture(within({360, 2100, 4800, 3120})));
+  add(Label6, "Label6",
+      button(within({780, 5340, 3975, 435}), arialBold(15.75F), yellow, "Restart Previous Game"));
+  add(Label5, "Label5", button(within({960, 5880, 1695, 435}), arialBold(15.75F), yellow, "OK"));
+  add(Label7, "Label7", button(within({2880, 5880, 1695, 435}), arialBold(15.75F), yellow, "Exit"));
+  add(Label2, "Label2", centred(within({0, 6360, 5535, 285}), arialBold(12), yellow, footer));
+
+  Label5.onClick = [this] { goOn(); };
+  Label6.onClick = [this] { restart(); };
+  Label7.onClick = [this] { this->desktop().endProgram(); };
+}
+
+void Titlefrm::load() {
+  centre(desktop(), *this);
+  options_.soundOn = 1;
+  if (!loadPicture(desktop(), Picture1, R"(Images\opening.jpg)")) fitscreen(desktop(), *this);
+}
+
+void Titlefrm::goOn() {
+  options_.restoreSavedGame = 0;
+  options_.hideDesktop = 1;
+  desktop().show("Grey");
+  desktop().show("Startplay2");
+  desktop().unload(name());
+  if (options_.soundOn == 1) playwav(desktop(), sounds::click1);
+}
+
+void Titlefrm::restart() {
+  game::SavedGame saved{options_, state_};
+  const bool found = game::restore(saved);
+  // What was read before a bad line does no harm: a new game sets every value again.
+  options_ = saved.options;
+  state_ = saved.state;
+  if (!found) return;
+  options_.restoreSavedGame = 1;
+  if (options_.hideDesktop == 1) desktop().show("Grey");
+  desktop().show(options_.computerOpponent != 0 ? "tolvanecomputer" : "tolvane");
+  desktop().unload(name());
+  if (options_.soundOn == 1) playwav(desktop(), sounds::click1);
+  options_.restoreSavedGame = 0;
+}
+
+}  // namespace screens

@@ -1,0 +1,44 @@
+// The throw to try out on page 2 of the rules: no scoring and no dragging, it only shows what a throw looks like.
+// With sound the roll waits for the cup and dice to be heard.
+
+#include "game/throwing.h"
+#include "screens/playwav.h"
+#include "screens/rules_pages.h"
+
+namespace screens {
+
+void Wembickrules2::throwDice() {
+  for (platform::Widget& die : Label4) die.text.clear();
+  platform::Chance& chance = desktop().chance();
+  chance.reseed();
+  for (int& face : sampleDieValue) face = game::drawFace(chance, face);
+  const bool sound = options_.soundOn == 1;
+  Timer5.setInterval(sound ? 1500 : 300);
+  Timer8.setInterval(sound ? 1200 : 100);
+  sampleDiceSettled = 0;
+  Timer5.enable();
+  Timer8.enable();
+  play(sounds::cupdice);
+}
+
+void Wembickrules2::roll() {
+  Timer8.setInterval(5);
+  for (std::size_t die = sampleDiceSettled; die < game::diceCount; ++die) {
+    showFace(die, game::rollingFace(desktop().chance()));
+  }
+  if (sampleDiceSettled == game::diceCount) Timer8.disable();
+}
+
+void Wembickrules2::settle() {
+  Timer5.setInterval(250);
+  showFace(sampleDiceSettled, std::to_string(sampleDieValue[sampleDiceSettled]));
+  ++sampleDiceSettled;
+  if (sampleDiceSettled == game::diceCount) Timer5.disable();
+}
+
+void Wembickrules2::showFace(std::size_t die, const std::string& face) {
+  Label4[die].enabled = true;
+  Label4[die].text = face;
+}
+
+}  // namespace screens
