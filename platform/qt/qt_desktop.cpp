@@ -85,16 +85,14 @@ void QtDesktop::clickWidget(Widget& widget) {
   armTicker();
 }
 
-void QtDesktop::raiseOverBackdrop() {
-  for (const auto& screen : openScreens()) {
-    if (screen->frame != Frame::Backdrop) windows_.at(screen.get())->raise();
-  }
-}
-
 void QtDesktop::present(Screen& screen) {
   ScreenWindow*& window = windows_[&screen];
   if (!window) window = new ScreenWindow(*this, screen);
-  window->present(window->isBackdrop() ? nullptr : backdrop());
+  const Screen* backdrop = nullptr;
+  for (const auto& open : openScreens()) {
+    if (open->frame == Frame::Backdrop) backdrop = open.get();
+  }
+  window->present(backdrop ? windows_.at(backdrop) : nullptr);
 }
 
 void QtDesktop::dismiss(Screen& screen) {
@@ -120,12 +118,6 @@ void QtDesktop::armTicker() {
   }
   const auto wait = std::chrono::ceil<std::chrono::milliseconds>(*due - now());
   ticker_.start(std::max(wait, std::chrono::milliseconds(0)));
-}
-
-ScreenWindow* QtDesktop::backdrop() const {
-  const auto found = std::find_if(windows_.begin(), windows_.end(),
-                                  [](const auto& entry) { return entry.second->isBackdrop(); });
-  return found == windows_.end() ? nullptr : found->second;
 }
 
 }  // namespace platform::qt

@@ -45,9 +45,6 @@ class QtDesktop final : public Desktop {
   QMargins titleBarMargins() const { return titleBar_; }
   void learnTitleBarMargins(const QMargins& frame) { titleBar_ = frame; }
 
-  /// Brings the screens back in front of a backdrop that was clicked.
-  void raiseOverBackdrop();
-
  private:
   void present(Screen& screen) override;
   void dismiss(Screen& screen) override;
@@ -55,7 +52,6 @@ class QtDesktop final : public Desktop {
 
   Moment now() const;
   void armTicker();
-  ScreenWindow* backdrop() const;
 
   QElapsedTimer clock_;
   QTimer ticker_;  // Wakes for the next tick of any screen's timer.

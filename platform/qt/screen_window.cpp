@@ -13,19 +13,25 @@ namespace platform::qt {
 
 namespace {
 
+// All but the backdrop are dialogs: window managers keep a dialog above the window it belongs to, so a click
+// on the backdrop cannot bring it in front of the game.
 Qt::WindowFlags flagsFor(Frame frame) {
-  if (frame != Frame::TitleBar) return Qt::Window | Qt::FramelessWindowHint;
-  return Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+  switch (frame) {
+    case Frame::TitleBar:
+      break;
+    case Frame::ThinLine:
+      return Qt::Dialog | Qt::FramelessWindowHint;
+    case Frame::Backdrop:
+      return Qt::Window | Qt::FramelessWindowHint;
+  }
+  return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 }
 
 }  // namespace
 
 ScreenWindow::ScreenWindow(QtDesktop& desktop, Screen& screen)
-    : QWidget(nullptr, flagsFor(screen.frame)),
-      desktop_(desktop),
-      screen_(&screen),
-      isBackdrop_(screen.frame == Frame::Backdrop) {
+    : QWidget(nullptr, flagsFor(screen.frame)), desktop_(desktop), screen_(&screen) {
   setObjectName(QString::fromStdString(screen.name()));
   setWindowTitle(QString::fromStdString(screen.caption));
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -57,21 +63,19 @@ void ScreenWindow::raiseInDrawingOrder() {
   drawnOrder_.assign(order.begin(), order.end());
 }
 
-void ScreenWindow::present(QWidget* backdrop) {
-  // The place comes first: only a window that is not yet there can be given one with its frame counted in.
-  if (!isBackdrop_ && !isVisible()) place();
-  winId();  // The window system's own window, so that it can be told what it stays above.
-  QWindow* above = backdrop ? backdrop->windowHandle() : nullptr;
-  if (above && windowHandle()->transientParent() != above) {
-    hide();  // A window that is already there would not learn of it.
-    windowHandle()->setTransientParent(above);
-  }
-  if (isBackdrop_) {
-    setGeometry(QGuiApplication::primaryScreen()->geometry());
+void ScreenWindow::present(ScreenWindow* backdrop) {
+  if (this == backdrop) {
     showFullScreen();
-  } else {
-    show();
+    return;
   }
+  // The place comes first: only a window that is not yet there can be given one with its frame counted in.
+  if (!isVisible()) place();
+  winId();  // Makes the window system's window, so that it can belong to another.
+  if (backdrop && windowHandle()->transientParent() != backdrop->windowHandle()) {
+    hide();  // A window already on the display would not learn of it.
+    windowHandle()->setTransientParent(backdrop->windowHandle());
+  }
+  show();
   raise();
   activateWindow();
 }
@@ -124,8 +128,8 @@ void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
 void ScreenWindow::mousePressEvent(QMouseEvent* event) {
   if (!screen_) return;
   // A page without a title bar is moved by its background.
-  if (screen_->frame == Frame::ThinLine && event->button() == Qt::LeftButton) windowHandle()->startSystemMove();
-  if (isBackdrop_) desktop_.raiseOverBackdrop();
+  if (screen_->frame == Frame::ThinLine && event->button() == Qt::LeftButton)
+    windowHandle()->startSystemMove();
 }
 
 }  // namespace platform::qt

@@ -18,13 +18,12 @@ class ScreenWindow final : public QWidget {
   /// Draws what differs from what was last drawn.
   void refresh();
 
-  /// Shows the window, above `backdrop` for good if there is one, or brings it to the front.
-  void present(QWidget* backdrop);
+  /// Shows the window, or brings it to the front. It stays in front of `backdrop` from then on, unless it is
+  /// that itself; null when there is none.
+  void present(ScreenWindow* backdrop);
 
   /// Takes the window off the display; from here on it knows no screen.
   void dismiss();
-
-  bool isBackdrop() const { return isBackdrop_; }
 
  private:
   bool event(QEvent* event) override;
@@ -37,7 +36,6 @@ class ScreenWindow final : public QWidget {
 
   QtDesktop& desktop_;
   Screen* screen_;  // Null once dismissed.
-  bool isBackdrop_;
   std::deque<View> views_;
   std::vector<const Widget*> drawnOrder_;
   QMargins frame_;  // As it was when the window was last placed.

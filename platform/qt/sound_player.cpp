@@ -17,6 +17,7 @@ class SoundPlayer::Worker final : public QObject {
     if (playing_) playing_->stop();
     playing_ = &effect(file);
     playing_->play();
+    if (playing_->status() == QSoundEffect::Error) emit player_.failed();
   }
 
  private:
@@ -25,7 +26,8 @@ class SoundPlayer::Worker final : public QObject {
     if (!effect) {
       effect = std::make_unique<QSoundEffect>();
       connect(effect.get(), &QSoundEffect::statusChanged, this, [this, made = effect.get()] {
-        if (made->status() == QSoundEffect::Error) emit player_.failed();
+        const bool newest = made == playing_;
+        if (newest && made->status() == QSoundEffect::Error) emit player_.failed();
       });
       effect->setSource(QUrl::fromLocalFile(file));
     }

@@ -8,8 +8,8 @@
 
 namespace platform::qt {
 
-/// Plays on a thread of its own, which starts with the first sound: opening the sound device can take long, and neither
-/// the start of the program nor a handler waits for it.
+/// Plays on a thread of its own, which starts with the first sound: opening the sound device can take long,
+/// and neither the start of the program nor a handler waits for it.
 class SoundPlayer final : public QObject {
   Q_OBJECT
 

@@ -24,6 +24,18 @@ QColor colourOf(Colour from, bool enabled) {
   return {faded(from.red), faded(from.green), faded(from.blue)};
 }
 
+Qt::Alignment alignmentOf(const Appearance& look) {
+  switch (look.alignment) {
+    case Alignment::Left:
+      break;
+    case Alignment::Centre:
+      return Qt::AlignHCenter;
+    case Alignment::Right:
+      return Qt::AlignRight;
+  }
+  return Qt::AlignLeft;
+}
+
 /// A button that is held down sinks by a pixel; one chosen with the keyboard has a dotted frame.
 struct ButtonState {
   bool down = false;
@@ -68,9 +80,12 @@ void paint(QWidget& view, const Appearance& look, Pictures& pictures, ButtonStat
     box.setLeft(side + 6);
   }
   if (state.down) box.translate(1, 1);
+  QTextLayout text;
+  const qreal height = layOutText(text, look);
+  // Buttons, dice and totals have their text in the middle, running text starts at the top.
+  const bool middle = look.border || look.role == Role::CheckBox;
   painter.setPen(ink);
-  painter.setFont(fontFor(look.font));
-  painter.drawText(box, textFlags(look), QString::fromStdString(look.text));
+  text.draw(&painter, box.topLeft() + QPointF(0, middle ? std::round((box.height() - height) / 2) : 0));
 }
 
 /// A label, a picture, a die: whatever is no button.
@@ -144,11 +159,25 @@ class ButtonView final : public Button {
   Widget& widget_;
 };
 
+/// The box of a widget in pixels. Running text that needs more than its box takes it, downwards.
+QRect placeOf(const Appearance& look) {
+  const QPoint topLeft(pixels(look.left), pixels(look.top));
+  QRect place(topLeft, QPoint(pixels(look.left + look.width) - 1, pixels(look.top + look.height) - 1));
+  if (!look.border && !look.text.empty()) {
+    QTextLayout text;
+    place.setHeight(std::max(place.height(), static_cast<int>(layOutText(text, look))));
+  }
+  return place;
+}
+
 QWidget* makeView(QtDesktop& desktop, Widget& widget, QWidget& parent) {
   switch (widget.role) {
-    case Role::Button: return new ButtonView<QPushButton>(desktop, widget, parent);
-    case Role::CheckBox: return new ButtonView<QCheckBox>(desktop, widget, parent);
-    case Role::Text: break;
+    case Role::Button:
+      return new ButtonView<QPushButton>(desktop, widget, parent);
+    case Role::CheckBox:
+      return new ButtonView<QCheckBox>(desktop, widget, parent);
+    case Role::Text:
+      break;
   }
   return new LabelView(desktop, widget, parent);
 }
@@ -170,19 +199,32 @@ QFont fontFor(const Font& font) {
   QFont made(QStringList{family, QStringLiteral("Liberation Sans")});
   made.setPixelSize(pixels(font.points * twipsPerPoint));
   made.setBold(font.bold);
+  // Unhinted letters run a little wider than the whole-pixel ones that the boxes were measured for.
+  made.setLetterSpacing(QFont::PercentageSpacing, 99);
   return made;
 }
 
-int textFlags(const Appearance& look) {
-  int flags = Qt::AlignLeft;
-  if (look.alignment == Alignment::Centre) flags = Qt::AlignHCenter;
-  if (look.alignment == Alignment::Right) flags = Qt::AlignRight;
-  // Buttons, dice and totals have their text in the middle, running text starts at the top.
-  flags |= look.border || look.role == Role::CheckBox ? Qt::AlignVCenter : Qt::AlignTop;
+qreal layOutText(QTextLayout& text, const Appearance& look) {
+  const QFont font = fontFor(look.font);
+  const QFontMetricsF metrics(font);
+  text.setFont(font);
+  text.setText(QString::fromStdString(look.text));
+  text.setTextOption(QTextOption(alignmentOf(look)));
   // A line that fits to the pixel must not break for a rounding.
-  const qreal width = QFontMetricsF(fontFor(look.font)).horizontalAdvance(QString::fromStdString(look.text));
-  if (width > look.width / twipsPerPixel + 1) flags |= Qt::TextWordWrap;
-  return flags;
+  qreal width = look.width / twipsPerPixel;
+  const qreal natural = metrics.horizontalAdvance(text.text());
+  if (natural < width + 1) width = std::max(width, natural);
+  // Lines are whole pixels apart, as the boxes were measured for.
+  const qreal lineHeight = std::round(metrics.lineSpacing());
+  qreal height = 0;
+  text.beginLayout();
+  for (QTextLine line = text.createLine(); line.isValid(); line = text.createLine()) {
+    line.setLineWidth(width);
+    line.setPosition(QPointF(0, height));
+    height += lineHeight;
+  }
+  text.endLayout();
+  return height;
 }
 
 View::View(QtDesktop& desktop, Widget& widget, QWidget& parent)
@@ -197,10 +239,7 @@ void View::refresh() {
 
 void View::show(bool all) {
   const Appearance before = std::exchange(drawn_, widget_);
-  const int left = pixels(widget_.left);
-  const int top = pixels(widget_.top);
-  shown_->setGeometry(left, top, pixels(widget_.left + widget_.width) - left,
-                      pixels(widget_.top + widget_.height) - top);
+  shown_->setGeometry(placeOf(widget_));
   shown_->setVisible(widget_.visible);
   shown_->setEnabled(widget_.enabled);
   // Only a move: the pixels come along.

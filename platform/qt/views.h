@@ -1,8 +1,8 @@
 // What the widgets of a screen look like, and how the mouse and the keyboard reach them.
 #pragma once
 
+#include <QTextLayout>
 #include <QWidget>
-#include <memory>
 
 #include "platform/widget.h"
 
@@ -18,11 +18,12 @@ int pixels(float twips);
 /// The font a text is drawn in, sized in pixels so that it keeps its proportion to its box on every display.
 QFont fontFor(const Font& font);
 
-/// How the lines of a text lie in its box, as Qt::AlignmentFlag and Qt::TextFlag.
-int textFlags(const Appearance& look);
+/// Breaks a widget's text into lines that fit its width, and returns the height they take together, in
+/// pixels.
+qreal layOutText(QTextLayout& text, const Appearance& look);
 
-/// Makes the Qt widget that shows `widget` and hands mouse and keyboard on to its handlers. It belongs to `parent`;
-/// `widget` must outlive it.
+/// Makes the Qt widget that shows `widget` and hands mouse and keyboard on to its handlers. It belongs to
+/// `parent`; `widget` must outlive it.
 class View {
  public:
   View(QtDesktop& desktop, Widget& widget, QWidget& parent);

@@ -1,0 +1,207 @@
+// The program's real windows, offscreen: run at scale 1 and 2.
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QPainter>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <map>
+
+#include "app/register_screens.h"
+#include "platform/qt/qt_desktop.h"
+
+namespace {
+
+using platform::Widget;
+using platform::qt::pixels;
+
+constexpr int aWholeThrow = 2100;  // Milliseconds.
+
+class Program : public testing::Test {
+ protected:
+  game::GameOptions options;
+  game::GameState state;
+  platform::qt::QtDesktop desktop;
+
+  Program() { app::registerScreens(desktop, options, state); }
+
+  QWidget& window(std::string_view screen) {
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      if (top->objectName().toStdString() == screen && top->isVisible()) return *top;
+    }
+    throw std::out_of_range(std::string(screen));
+  }
+  QWidget& view(std::string_view screen, const char* name) {
+    return *window(screen).findChild<QWidget*>(QString::fromUtf8(name));
+  }
+  QWidget& open(std::string_view screen) {
+    desktop.start(screen);
+    return window(screen);
+  }
+  QWidget& openBoard(int players) {
+    options.playerCount = players;
+    return open("tolvane");
+  }
+  void click(std::string_view screen, const char* name) {
+    QTest::mouseClick(&view(screen, name), Qt::LeftButton);
+  }
+};
+
+/// The texts a widget of a board can come to show, besides the one it opens with.
+const std::map<std::string, std::vector<std::string>> laterTexts{
+    {"Label1", {"MAGENTA TO PLAY", "TURN OVER", "MAGENTA HAS WON!", "ORANGE HAS WON!", "IT'S A DRAW"}},
+    {"Label6", {"END OF GAME"}},
+    {"Label8", {"THROW 3"}},
+    {"Label9", {"12 SCORED"}},
+    {"Label4(0)", {"6"}},
+    {"Label5(0)", {"48"}}};
+
+TEST_F(Program, EveryTextFitsItsBox) {
+  options.playerCount = 4;
+  for (const char* screen : {"Titlefrm", "Startplay2", "tolvane", "tolvanecomputer", "Wembickrules",
+                             "Wembickrules2", "Wembickrules2b"}) {
+    const bool rules = std::string_view(screen).starts_with("Wembick");
+    const bool board = std::string_view(screen).starts_with("tolvane");
+    open(screen);
+    std::vector<std::pair<std::string, QRectF>> placed;
+    for (const Widget* widget : desktop.find(screen)->drawingOrder()) {
+      std::vector<std::string> texts{widget->text};
+      const auto later = laterTexts.find(widget->name);
+      if (board && later != laterTexts.end())
+        texts.insert(texts.end(), later->second.begin(), later->second.end());
+      for (const std::string& text : texts) {
+        if (text.empty()) continue;
+        Widget shown = *widget;
+        shown.text = text;
+        QTextLayout layout;
+        const qreal height = platform::qt::layOutText(layout, shown);
+        QRectF lines;
+        for (int i = 0; i < layout.lineCount(); ++i) lines |= layout.lineAt(i).naturalTextRect();
+        const qreal width = lines.width();
+        EXPECT_LE(width, widget->width / 15 + 1) << screen << ' ' << widget->name << ": " << text;
+        // The pages of rules have room below a text; elsewhere the box is all there is.
+        EXPECT_TRUE(rules || height <= pixels(widget->height))
+            << screen << ' ' << widget->name << ": " << text;
+        placed.emplace_back(text, QRectF(lines.left() + widget->left / 15, widget->top / 15, width, height));
+      }
+    }
+    for (const auto& [text, place] : placed) {
+      for (const auto& [other, otherPlace] : placed) {
+        const bool overlaps = rules && text != other && place.intersects(otherPlace);
+        EXPECT_FALSE(overlaps) << screen << ": " << text << " / " << other;
+      }
+    }
+  }
+}
+
+TEST_F(Program, WidgetsStandAtTheirPlacesInTheirColours) {
+  QWidget& board = openBoard(4);
+  EXPECT_EQ(board.frameGeometry().size(), QSize(800, 600));
+  EXPECT_EQ(view("tolvane", "Label4(4)").geometry(), QRect(672, 288, 65, 65));
+  EXPECT_EQ(view("tolvane", "Label2(3)").geometry(), QRect(352, 232, 387, 41));
+  EXPECT_FALSE(view("tolvane", "Label8").isVisible());
+  const QImage drawn = board.grab().toImage();
+  const qreal scale = board.devicePixelRatioF();
+  EXPECT_EQ(drawn.size(), board.size() * scale);
+  const auto pixel = [&](int x, int y) { return drawn.pixelColor(int(x * scale), int(y * scale)).name(); };
+  struct Spot {
+    int x, y;
+    const char* colour;
+  };
+  for (const Spot& spot : std::initializer_list<Spot>{{5, 595, "#294189"},            // The board itself.
+                                                      {352 + 5, 288 + 5, "#ff8000"},  // A die.
+                                                      {352, 288, "#000000"},          // Its border.
+                                                      {355, 236, "#000000"},          // Throw Dice.
+                                                      {348, 460, "#ff8000"},          // The totals.
+                                                      {460, 460, "#ff00ff"},
+                                                      {570, 460, "#ffff00"},
+                                                      {680, 460, "#00ff00"},
+                                                      {169, 300, "#804000"},     // The frame of the icons...
+                                                      {175, 300, "#294189"}}) {  // ...is open inside.
+    EXPECT_EQ(pixel(spot.x, spot.y), spot.colour) << spot.x << ',' << spot.y;
+  }
+  const QImage icon = view("tolvane", "Image1(0)").grab().toImage();
+  EXPECT_NE(icon.pixelColor(icon.rect().center()).name(), "#294189") << "The picture of SHIP is not there.";
+}
+
+TEST_F(Program, TheMouseGrabsWhatItIsOver) {
+  QWidget& board = openBoard(2);
+  const auto at = [&](const char* name) { return view("tolvane", name).pos(); };
+  const QPoint home = at("Label4(2)");
+  const QPoint middle(32, 32);
+  EXPECT_EQ(board.childAt(home + middle)->objectName(), "Label4(2)") << "A marker is in the way of its die.";
+  click("tolvane", "Label2(3)");
+  QTest::qWait(aWholeThrow);
+
+  QWidget& die = view("tolvane", "Label4(2)");
+  QTest::mousePress(&die, Qt::RightButton, {}, middle);
+  QTest::mouseMove(&die, middle + QPoint(40, 0));
+  EXPECT_EQ(die.pos(), home);
+  QTest::mouseRelease(&die, Qt::RightButton, {}, middle);
+
+  QTest::mousePress(&die, Qt::LeftButton, {}, middle);
+  const auto dragTo = [&](QPoint there) {
+    // What the window system sends while the button is held; QTest's own move has no button.
+    QMouseEvent move(QEvent::MouseMove, there - die.pos(), there, board.mapToGlobal(there), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&die, &move);
+  };
+  dragTo(at("Label4(3)") + middle);
+  EXPECT_EQ(die.pos(), at("Label4(3)"));
+  EXPECT_EQ(board.childAt(die.pos() + middle), &die) << "The dragged die is not above the others.";
+  const QPoint crew = at("Image1(3)");
+  dragTo(crew + middle + QPoint(7, -9));
+  EXPECT_EQ(die.pos(), crew + QPoint(7, -9));
+  QTest::mouseRelease(&die, Qt::LeftButton, {}, middle);
+  EXPECT_EQ(die.pos(), crew);
+}
+
+/// Counts the widgets that are painted, by name.
+class PaintCounter final : public QObject {
+ public:
+  std::map<std::string, int> painted;
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++painted[object->objectName().toStdString()];
+    return false;
+  }
+};
+
+TEST_F(Program, ARollRepaintsTheDiceAlone) {
+  openBoard(2);
+  click("tolvane", "Label2(3)");
+  QTest::qWait(400);
+  PaintCounter counter;
+  qApp->installEventFilter(&counter);
+  QTest::qWait(200);
+  qApp->removeEventFilter(&counter);
+  EXPECT_GT(counter.painted["Label4(4)"], 10);
+  for (const char* still : {"Label1", "Image1(0)", "Label5(0)", "Label2(3)", "Label3(0)"}) {
+    EXPECT_EQ(counter.painted[still], 0) << still;
+  }
+}
+
+TEST_F(Program, ButtonsAndBoxesAnswerKeyboardAndScreenReader) {
+  open("Startplay2");
+  auto& box = dynamic_cast<QAbstractButton&>(view("Startplay2", "Check1"));
+  const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(&box);
+  EXPECT_EQ(spoken->role(), QAccessible::CheckBox);
+  EXPECT_EQ(spoken->text(QAccessible::Name), "Play Sound");
+  EXPECT_TRUE(box.isChecked());
+  click("Startplay2", "Check1");
+  EXPECT_FALSE(box.isChecked());
+  QTest::keyClick(&box, Qt::Key_Space);
+  EXPECT_TRUE(box.isChecked());
+  QTest::keyClick(&view("Startplay2", "Label1(2)"), Qt::Key_Space);
+  EXPECT_EQ(desktop.find("Startplay2"), nullptr);
+  EXPECT_EQ(options.playerCount, 3);
+  EXPECT_EQ(view("tolvane", "Label5(2)").isVisible(), true);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  const QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
