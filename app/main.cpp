@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 
 #include "app/register_screens.h"
 #include "platform/qt/qt_desktop.h"
@@ -9,6 +10,9 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "xcb");
   }
   const QApplication application(argc, argv);
+  QIcon icon;
+  for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
+  QApplication::setWindowIcon(icon);
   platform::qt::QtDesktop desktop;
   game::GameOptions options;
   game::GameState state;

@@ -13,24 +13,26 @@ constexpr float twipsPerMetre = 1440 / 0.0254F;
 }  // namespace
 
 std::optional<Size> Pictures::ownSize(std::string_view path) {
-  const QImage& found = image(path);
-  if (found.isNull()) return std::nullopt;
+  const QImage& image = picture(path).image;
+  if (image.isNull()) return std::nullopt;
   // Qt reports 96 dots per inch where a file states nothing.
-  return Size{static_cast<float>(found.width()) / static_cast<float>(found.dotsPerMeterX()) * twipsPerMetre,
-              static_cast<float>(found.height()) / static_cast<float>(found.dotsPerMeterY()) * twipsPerMetre};
+  return Size{static_cast<float>(image.width()) / static_cast<float>(image.dotsPerMeterX()) * twipsPerMetre,
+              static_cast<float>(image.height()) / static_cast<float>(image.dotsPerMeterY()) * twipsPerMetre};
 }
 
-QPixmap Pictures::scaledTo(std::string_view path, QSize pixels) {
-  const QImage& found = image(path);
-  if (found.isNull()) return {};
-  return QPixmap::fromImage(found.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+const QPixmap& Pictures::scaledTo(std::string_view path, QSize pixels) {
+  auto& [image, scaled] = picture(path);
+  if (scaled.size() != pixels && !image.isNull()) {
+    scaled = QPixmap::fromImage(image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  }
+  return scaled;
 }
 
-const QImage& Pictures::image(std::string_view path) {
-  const auto known = images_.find(path);
-  if (known != images_.end()) return known->second;
-  return images_.emplace(path, QImageReader(QString::fromStdString(fileNamed(path).string())).read())
-      .first->second;
+Pictures::Picture& Pictures::picture(std::string_view path) {
+  const auto known = pictures_.find(path);
+  if (known != pictures_.end()) return known->second;
+  QImage read = QImageReader(QString::fromStdString(fileNamed(path).string())).read();
+  return pictures_.emplace(path, Picture{std::move(read), {}}).first->second;
 }
 
 }  // namespace platform::qt

@@ -18,12 +18,17 @@ class Pictures {
   std::optional<Size> ownSize(std::string_view path);
 
   /// A picture at exactly this many pixels; a null pixmap when it cannot be read.
-  QPixmap scaledTo(std::string_view path, QSize pixels);
+  const QPixmap& scaledTo(std::string_view path, QSize pixels);
 
  private:
-  const QImage& image(std::string_view path);
+  struct Picture {
+    QImage image;
+    QPixmap scaled;  // As it w: a picture stands in one box.
+  };
 
-  std::map<std::string, QImage, std::less<>> images_;
+  Picture& picture(std::string_view path);
+
+  std::map<std::string, Picture, std::less<>> pictures_;
 };
 
 }  // namespace platform::qt

@@ -72,7 +72,7 @@ void QtDesktop::setPointer(Pointer pointer) {
 }
 
 void QtDesktop::endProgram() {
-  QCoreApplication::quit();
+  QCoreApplication::exit();  // `quit` would ask every window first.
 }
 
 void QtDesktop::run(const std::function<void()>& handler) {
