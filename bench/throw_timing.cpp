@@ -1,5 +1,5 @@
-// Throws the dice on a real board and prints when they rolled and came to rest, against the moments they should have.
-// Run it on the display to be measured, from the repository's root: build/release/throw_timing
+// Throws the dice on a real board and prints when they rolled and came to rest, against the moments they
+// should have. Run it on the display to be measured, from the repository's root: build/release/throw_timing
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -21,8 +21,8 @@ void report(const char* which, Times& rolls, const Times& reveals, double firstR
   Times intervals;
   for (std::size_t i = 1; i < rolls.size(); ++i) intervals.push_back(rolls[i] - rolls[i - 1]);
   std::sort(intervals.begin(), intervals.end());
-  std::printf("%s: %zu rolls, interval median %.3f ms, 99%% below %.3f ms, longest %.3f ms; reveals late by", which,
-              rolls.size(), intervals[intervals.size() / 2], intervals[intervals.size() * 99 / 100],
+  std::printf("%s: %zu rolls, interval median %.3f ms, 99%% below %.3f ms, longest %.3f ms; reveals late by",
+              which, rolls.size(), intervals[intervals.size() / 2], intervals[intervals.size() * 99 / 100],
               intervals.back());
   for (std::size_t i = 0; i < reveals.size(); ++i) {
     std::printf(" %.2f", reveals[i] - firstReveal - 250 * static_cast<double>(i));
@@ -68,7 +68,8 @@ int main(int argc, char** argv) {
     reveals.clear();
     clock.restart();
     button->click();
-    std::printf("The click and all it draws and plays took %.2f ms. ", static_cast<double>(clock.nsecsElapsed()) / 1e6);
+    std::printf("The click and all it draws and plays took %.2f ms. ",
+                static_cast<double>(clock.nsecsElapsed()) / 1e6);
     wait(2500);
     report(firstReveal > 500 ? "first throw" : "later throw", rolls, reveals, firstReveal);
   }
