@@ -82,5 +82,5 @@ int main(int argc, char** argv) {
   photographer.take("board");
   photographer.layDice("64553", "02134");
   photographer.show("Image2", false);  // The logo would reach into the picture.
-  photographer.take("example", QRect(10, 80, 291, 417));
+  photographer.take("example", QRect(13, 80, 291, 417));
 }

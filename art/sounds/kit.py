@@ -20,7 +20,7 @@ def seconds(length):
 
 def chance(seed):
     """A source of random numbers whose stream numpy promises never to change,
-    so that the files come out the same on every machine and in every year."""
+    so that a sound does not turn into another one with the next numpy."""
     return np.random.RandomState(seed)
 
 
@@ -220,19 +220,23 @@ def faded(signal, start, end):
     return out
 
 
+def centred(signal, start, end):
+    """Without offset, yet still starting and ending at nothing."""
+    weight = faded(np.ones(len(signal)), start, end)
+    return signal - weight * signal.sum() / weight.sum()
+
+
 def finished(signal, peak, level=None, fade=0.03, attack=0.0006):
     """Without rumble or offset, ends faded, at its loudness and under its
     peak.  `level` is a loudness in LUFS; without it only the peak is set."""
     signal = high_pass(signal, 30)
-    signal = faded(signal, attack, fade)
-    weight = faded(np.ones(len(signal)), attack, fade)
-    signal -= weight * signal.sum() / weight.sum()
+    signal = centred(faded(signal, attack, fade), attack, fade)
     ceiling = 10 ** (peak / 20)
     if level is not None:
         # Holding the peaks down costs loudness, so the two take turns.
         for _ in range(6):
             signal = signal * 10 ** ((level - loudness(signal)) / 20)
-            signal = held_under(signal, ceiling)
+            signal = centred(held_under(signal, ceiling), attack, fade)
     else:
         signal = signal * (ceiling / np.max(np.abs(signal)))
     return signal

@@ -7,24 +7,28 @@ as the bubble nears the surface.  A few thousand of them are a splash.
 
 import numpy as np
 
-from kit import (RATE, air, band, burst, chance, curve, glide, place, seconds,
-                 smooth, soften, turning)
+from kit import (air, band, burst, chance, curve, glide, place, seconds, smooth,
+                 soften, turning)
 
 
 def bubble(radius, rise, loud=1.0):
     """One bubble; `radius` in millimetres, `rise` as the share of its pitch
     by which it climbs while it dies away."""
     pitch = 3000.0 / radius
-    dying = 0.13e3 / radius + 0.0072 * (radius * 1e-3) ** -1.5
+    # Still water would let a large bubble sing on; broken water does not.
+    dying = (0.13e3 / radius + 0.0072 * (radius * 1e-3) ** -1.5
+             + 0.10 * min(pitch, 500))
     t = seconds(min(0.35, 6.0 / dying))
     moving = pitch * (1 + rise * dying * t * 0.35)
     onset = 1 - np.exp(-t * pitch * 1.5)
     return loud * onset * np.exp(-dying * t) * np.sin(turning(moving))
 
 
-def bubbles(track, rng, count, moments, smallest, largest, steep, gain):
+def bubbles(track, rng, count, moments, smallest, largest, steep, gain,
+            calming=0.0):
     """A swarm.  Small bubbles are far more common than large ones, and
-    `moments` says when, as a function of a number between 0 and 1."""
+    `moments` says when, as a function of a number between 0 and 1.  The water
+    calms: later bubbles are softer."""
     for _ in range(count):
         share = rng.uniform()
         radius = (smallest ** -steep + share
@@ -32,7 +36,9 @@ def bubbles(track, rng, count, moments, smallest, largest, steep, gain):
         loud = gain * (radius / largest) ** 0.9 * rng.uniform(0.2, 1.0) ** 2
         rise = rng.uniform(0.0, 0.25) if rng.uniform() < 0.6 \
             else rng.uniform(0.3, 1.1)
-        place(track, bubble(radius, rise, loud), moments(rng.uniform()))
+        late = rng.uniform()
+        place(track, bubble(radius, rise, loud * np.exp(-calming * late)),
+              moments(late))
 
 
 def spray(rng, length, bands):
@@ -54,26 +60,30 @@ def wateresplash():
     rng = chance(71)
     length = 1.85
     track = spray(rng, length, [
-        (70, 260, 1.00, [(0, 0.5), (0.02, 1.0), (0.10, 0.35), (0.20, 0.75),
+        (70, 260, 0.70, [(0, 0.5), (0.02, 1.0), (0.10, 0.35), (0.20, 0.75),
                          (0.45, 0.06), (length, 0.0008)]),
         (260, 800, 0.75, [(0, 0.6), (0.012, 1.0), (0.10, 0.40), (0.22, 0.8),
                           (0.55, 0.09), (length, 0.001)]),
         (800, 2200, 0.60, [(0, 0.8), (0.008, 1.0), (0.09, 0.40), (0.24, 0.65),
-                           (0.70, 0.07), (length, 0.002)]),
+                           (0.70, 0.10), (1.2, 0.02),
+                           (length, 0.002)]),
         (2200, 5200, 0.36, [(0, 0.9), (0.006, 1.0), (0.07, 0.40), (0.26, 0.50),
-                            (0.80, 0.08), (length, 0.003)]),
+                            (0.80, 0.11), (1.3, 0.03),
+                            (length, 0.004)]),
         (5200, 11000, 0.16, [(0, 1.0), (0.005, 1.0), (0.05, 0.35), (0.30, 0.45),
-                             (0.90, 0.09), (length, 0.003)])])
+                             (0.90, 0.14), (1.4, 0.04),
+                             (length, 0.005)])])
     # The flat blow on the surface.
     t = seconds(0.3)
     slap = np.sin(turning(58 + 95 * np.exp(-t / 0.03))) * np.exp(-t / 0.06)
-    place(track, soften(slap, 0.004), 0.0, 2.2)
+    place(track, soften(slap, 0.004), 0.0, 1.6)
     place(track, band(burst(rng, 0.08, 0.05), 250, 3500), 0.0, 0.9)
     # The hole in the water falls in on itself: the large slow bubbles.
-    bubbles(track, rng, 60, lambda u: 0.10 + 0.35 * u, 5, 22, 0.8, 1.6)
-    bubbles(track, rng, 900, lambda u: 0.05 + 0.75 * u ** 1.7, 0.8, 7, 1.2, 1.3)
+    bubbles(track, rng, 60, lambda u: 0.08 + 0.38 * u, 5, 22, 0.8, 2.2, 0.8)
+    bubbles(track, rng, 900, lambda u: 0.05 + 0.95 * u ** 1.6, 0.8, 7, 1.2, 1.5, 1.0)
     # Drops falling back, fewer and fewer.
-    bubbles(track, rng, 110, lambda u: 0.55 + 1.15 * u ** 1.5, 0.7, 3.2, 1.0, 0.9)
+    bubbles(track, rng, 260, lambda u: 0.45 + 1.30 * u ** 1.25, 0.6, 3.4, 1.0,
+            2.0, 1.0)
     return air(track, rng, 0.25, 0.15)
 
 
@@ -109,9 +119,9 @@ def dive1():
     g = seconds(0.42)
     gulp = np.sin(turning(120 + 330 * (g / 0.42) ** 1.6)) \
         * np.exp(-g / 0.085) * (1 - np.exp(-g / 0.008))
-    place(track, gulp, hit + 0.035, 1.9)
+    place(track, gulp, hit + 0.035, 1.5)
     after = np.zeros(len(t))
     bubbles(after, rng, 170, lambda u: hit + 0.06 + 0.75 * u ** 1.6,
-            1.6, 10, 1.0, 1.0)
+            1.6, 10, 1.0, 1.5, 1.6)
     track += after
     return air(track, rng, 0.25, 0.12)

@@ -2,7 +2,8 @@
 
 import numpy as np
 
-from kit import (air, band, burst, chance, curve, detuned, glide, low_pass,
+from kit import (air, band, burst, chance, curve, detuned, glide, high_pass,
+                 low_pass,
                  place, seconds, soften, struck, turning)
 
 
@@ -12,9 +13,9 @@ def click():
     """A fingernail on a thin panel: higher, drier."""
     rng = chance(11)
     track = np.zeros(len(seconds(0.10)))
-    panel = [(742, 0.060, 1.0), (1268, 0.042, 0.62), (1985, 0.030, 0.42),
-             (2710, 0.022, 0.25), (3890, 0.014, 0.15)]
-    place(track, struck(panel, 0.0009, 0.095), 0.0005)
+    panel = [(715, 0.040, 0.80), (938, 0.034, 0.65), (1268, 0.030, 0.85),
+             (1985, 0.022, 0.70), (2710, 0.017, 0.50), (3890, 0.011, 0.30)]
+    place(track, struck(panel, 0.0006, 0.095), 0.0005)
     place(track, band(burst(rng, 0.02, 0.008), 900, 4200), 0.0005, 0.16)
     return track
 
@@ -23,22 +24,22 @@ def click1():
     """A knuckle on a thicker board: lower, rounder, with the box under it."""
     rng = chance(12)
     track = np.zeros(len(seconds(0.13)))
-    board = [(236, 0.085, 0.55), (468, 0.075, 1.0), (871, 0.050, 0.50),
-             (1340, 0.032, 0.26), (2120, 0.020, 0.12)]
-    place(track, struck(board, 0.0014, 0.125), 0.0005)
+    board = [(246, 0.062, 0.42), (431, 0.056, 0.90), (568, 0.046, 0.65),
+             (871, 0.036, 0.62), (1340, 0.026, 0.42), (2120, 0.016, 0.22)]
+    place(track, struck(board, 0.0011, 0.125), 0.0005)
     place(track, band(burst(rng, 0.02, 0.010), 400, 2400), 0.0005, 0.12)
     return track
 
 
 # --- the dice ---------------------------------------------------------------
 
-LEATHER = [(168, 0.070, 1.00), (287, 0.055, 0.90), (455, 0.038, 0.70),
-           (742, 0.026, 0.45), (1180, 0.016, 0.28), (1890, 0.010, 0.16)]
+LEATHER = [(168, 0.060, 0.45), (287, 0.050, 0.60), (455, 0.036, 0.70),
+           (742, 0.026, 0.70), (1180, 0.018, 0.55), (1890, 0.012, 0.40)]
 BONE = [(2350, 0.016, 0.55), (3420, 0.014, 1.00), (4810, 0.011, 0.80),
         (6650, 0.008, 0.55), (9100, 0.006, 0.30)]
-TABLE = [(196, 0.110, 0.75), (342, 0.090, 0.90), (561, 0.070, 1.00),
-         (918, 0.050, 0.80), (1433, 0.036, 0.60), (2240, 0.026, 0.45),
-         (3310, 0.018, 0.30), (5020, 0.012, 0.18)]
+TABLE = [(196, 0.060, 0.40), (342, 0.050, 0.65), (561, 0.040, 0.85),
+         (918, 0.032, 1.00), (1433, 0.025, 0.95), (2240, 0.019, 0.80),
+         (3310, 0.014, 0.60), (5020, 0.010, 0.40)]
 
 SHAKE_END = 1.2
 SETTLED = 1.6
@@ -91,13 +92,13 @@ def thrown(rng):
     shorten, then the flutter of a cube falling onto its face."""
     knocks = []
     for die in range(5):
-        at = SHAKE_END + 0.035 + 0.024 * die + rng.uniform(0, 0.014)
+        at = SHAKE_END + 0.035 + 0.028 * die + rng.uniform(0, 0.012)
         blow = rng.uniform(0.8, 1.0)
         hop = rng.uniform(0.085, 0.120)
         while at < SETTLED - 0.01 and blow > 0.035:
             knocks.append((at, blow))
             # A corner often touches first and an edge right after it.
-            if rng.uniform() < 0.6:
+            if rng.uniform() < 0.4:
                 knocks.append((at + rng.uniform(0.004, 0.011),
                                blow * rng.uniform(0.3, 0.6)))
             at += hop
@@ -119,24 +120,24 @@ def cupdice():
             continue
         if what == "leather":
             # A hard knock is also a bright one: the leather is pressed flat.
-            contact = 0.0022 / (1 + 0.6 * hard)
+            contact = 0.0016 / (1 + 0.6 * hard)
             blow = struck(detuned(LEATHER, rng, 0.08), contact, 0.09)
             place(cup, blow, at, 0.42 * hard)
             place(cup, soften(struck(detuned(BONE, rng, 0.1), 0.00025, 0.03),
-                              0.0002), at, 0.05 * hard)
+                              0.0002), at, 0.30 * hard)
         else:
             place(cup, struck(detuned(BONE, rng, 0.1), 0.00012, 0.03), at,
-                  0.30 * hard)
+                  1.50 * hard)
     # Heard through the mouth of the cup: a hollow, and less of the top.
-    cup = low_pass(cup, 5200) + 0.8 * band(cup, 330, 620)
+    cup = low_pass(high_pass(cup, 140), 6500) + 0.5 * band(cup, 330, 620)
     track += air(cup, rng, 0.12, 0.15)
     table = np.zeros(len(track))
     for at, blow in thrown(rng):
-        board = struck(detuned(TABLE, rng, 0.05), 0.0005, 0.14)
+        board = struck(detuned(TABLE, rng, 0.10), 0.0003, 0.09)
         die = struck(detuned(BONE, rng, 0.08), 0.00010, 0.03)
-        place(table, board, at, 1.6 * blow)
-        place(table, die, at, 0.9 * blow ** 1.2)
-    track += air(table, rng, 0.15, 0.20)
+        place(table, board, at, 3.4 * blow)
+        place(table, die, at, 2.6 * blow ** 1.2)
+    track += air(high_pass(table, 140), rng, 0.12, 0.13)
     return track
 
 
@@ -151,14 +152,14 @@ def divboard():
     t = seconds(length)
     rate = glide(t, (0, 23), (0.35, 17), (0.9, 11), (length, 7.5))
     flap = turning(rate)
-    swing = np.exp(-2.6 * t)
+    swing = np.exp(-1.7 * t)
     bend = swing * np.cos(flap)
     track = np.zeros(len(t))
     turns = flap / (2 * np.pi)
     slaps = np.interp(np.arange(int(turns[-1]) + 1), turns, t)
-    plank = [(98, 0.50, 0.9), (171, 0.42, 1.0), (268, 0.34, 0.85),
-             (397, 0.26, 0.60), (612, 0.18, 0.45), (884, 0.13, 0.30),
-             (1310, 0.08, 0.22), (1985, 0.05, 0.14)]
+    plank = [(98, 0.46, 0.65), (171, 0.40, 0.90), (268, 0.34, 1.0),
+             (397, 0.27, 0.90), (612, 0.20, 0.75), (884, 0.15, 0.60),
+             (1310, 0.10, 0.45), (1985, 0.07, 0.32), (2870, 0.05, 0.20)]
     # One slap after another wakes the same plank; the tones sway together.
     for frequency, fall, strength in plank:
         moving = turning(frequency * (1 + 0.13 * bend + 0.05 * swing))
@@ -167,10 +168,10 @@ def divboard():
             since = np.clip(t - at, 0, None)
             hit = np.exp(-6.908 * since / (fall * 0.7)) * (t >= at)
             hit *= 1 - np.exp(-since / 0.0012)
-            softer = np.exp(-at * (1.9 + frequency / 700))
+            softer = np.exp(-at * (1.25 + frequency / 1500))
             level += hit * softer * rng.uniform(0.8, 1.1)
         track += strength * level * np.sin(moving)
     for at in slaps:
         place(track, band(burst(rng, 0.05, 0.022), 500, 3800), at,
-              0.28 * np.exp(-3.2 * at))
+              0.45 * np.exp(-2.0 * at))
     return air(track, rng, 0.2, 0.15)
