@@ -19,7 +19,7 @@ struct Board {
 
 void throwAndReveal(benchmark::State& run) {
   Board board("tolvane");
-  for (auto _ : run) {
+  while (run.KeepRunning()) {
     board.desktop.click("tolvane", "Label2(3)");
     board.desktop.advance(2100);
     board.desktop.click("tolvane", "Label2(4)");  // New Game: the next throw is a first one again.
@@ -30,7 +30,7 @@ BENCHMARK(throwAndReveal);
 
 void openBoard(benchmark::State& run) {
   Board board("Titlefrm");
-  for (auto _ : run) {
+  while (run.KeepRunning()) {
     board.desktop.start("tolvane");
     board.desktop.closeWindow("tolvane");
   }
@@ -38,7 +38,7 @@ void openBoard(benchmark::State& run) {
 BENCHMARK(openBoard);
 
 void wholeComputerTurn(benchmark::State& run) {
-  for (auto _ : run) {
+  while (run.KeepRunning()) {
     Board board("Titlefrm");
     board.options.restoreSavedGame = 1;
     board.state = {.currentSeat = 1, .roundNumber = 1, .seatScore = {}};

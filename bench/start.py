@@ -9,7 +9,7 @@ import sys
 import time
 from pathlib import Path
 
-sys.path.append(str(Path(__file__).resolve().parents[1] / "tests/end_to_end"))
+sys.path.append(str(Path(__file__).resolve().parents[1] / "tools"))
 from player import ROOT, Player
 
 build, rounds = Path(sys.argv[1]).resolve(), int(sys.argv[2]) if len(sys.argv) > 2 else 15

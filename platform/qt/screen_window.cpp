@@ -83,6 +83,7 @@ void ScreenWindow::present(ScreenWindow* backdrop) {
 void ScreenWindow::dismiss() {
   screen_ = nullptr;
   views_.clear();
+  setEnabled(false);  // Whatever is still on its way to a button or a die comes to nothing.
   hide();
   deleteLater();
 }

@@ -10,6 +10,7 @@ from pathlib import Path
 
 import numpy
 
+sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
 from player import ROOT, until
 
 RATE = 44100

@@ -3,7 +3,9 @@
 
 import sys
 import time
+from pathlib import Path
 
+sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
 from player import BOARD, MAGENTA, ORANGE, Player, until
 
 TOTAL_OF_MAGENTA = {3: (499, 456, 89, 45), 1: (560, 448, 89, 45)}

@@ -11,7 +11,7 @@ from pathlib import Path
 import numpy
 from PIL import ImageGrab
 
-ROOT = Path(__file__).resolve().parents[2]
+ROOT = Path(__file__).resolve().parents[1]
 BOARD = (41, 65, 137)
 ORANGE, MAGENTA = (255, 128, 0), (255, 0, 255)
 
