@@ -61,10 +61,6 @@ class SoundPlayer::Worker final : public QObject {
 };
 
 SoundPlayer::SoundPlayer() {
-  auto* worker = new Worker(*this);
-  worker->moveToThread(&thread_);
-  connect(&thread_, &QThread::finished, worker, &QObject::deleteLater);
-  connect(this, &SoundPlayer::requested, worker, &Worker::play);
   connect(this, &SoundPlayer::failed, this, [] { QApplication::beep(); });
 }
 
@@ -74,8 +70,16 @@ SoundPlayer::~SoundPlayer() {
 }
 
 void SoundPlayer::play(std::string_view path) {
-  if (!thread_.isRunning()) thread_.start();
+  if (!thread_.isRunning()) start();
   emit requested(QString::fromStdString(fileNamed(path).string()));
+}
+
+void SoundPlayer::start() {
+  auto* worker = new Worker(*this);
+  worker->moveToThread(&thread_);
+  connect(&thread_, &QThread::finished, worker, &QObject::deleteLater);
+  connect(this, &SoundPlayer::requested, worker, &Worker::play);
+  thread_.start();
 }
 
 }  // namespace platform::qt

@@ -3,7 +3,6 @@
 
 #include <QObject>
 #include <QThread>
-#include <memory>
 #include <string_view>
 
 namespace platform::qt {
@@ -26,6 +25,8 @@ class SoundPlayer final : public QObject {
 
  private:
   class Worker;
+
+  void start();
 
   QThread thread_;
 };
