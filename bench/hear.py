@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Every sound heard for real: PulseAudio without a loudspeaker, recorded and compared with the files."""
+"""Every sound heard for real: PulseAudio without a loudspeaker, recorded and compared with the files.
+Usage: bench/hear.py build/release/hear_sounds"""
 
 import subprocess
 import sys
@@ -10,7 +11,7 @@ from pathlib import Path
 
 import numpy
 
-sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
+sys.path.append(str(Path(__file__).resolve().parents[1] / "tools"))
 from player import ROOT, until
 
 RATE = 44100
