@@ -13,7 +13,8 @@ constexpr float raisedBy = 120;
 
 }  // namespace
 
-tolvanecomputer::tolvanecomputer(platform::Desktop& desktop, game::GameOptions& options, game::GameState& state)
+tolvanecomputer::tolvanecomputer(platform::Desktop& desktop, game::GameOptions& options,
+                                 game::GameState& state)
     : tolvane(desktop, options, state, "tolvanecomputer") {
   using namespace game::look;
   for (platform::Widget* widget : {&Label2[throwDice], &Label8, &Label9, &Label10}) widget->top -= raisedBy;

@@ -1,5 +1,5 @@
-// The board on which one person, Orange, plays against the computer, Magenta: `tolvane` with two seats, and a player
-// that takes its turns by itself.
+// The board on which one person, Orange, plays against the computer, Magenta: `tolvane` with two seats, and a
+// player that takes its turns by itself.
 #pragma once
 
 #include "computer/decisions.h"

@@ -15,9 +15,12 @@ constexpr std::size_t cargo = 4;
 /// The lowest face worth keeping for CREW or CARGO.
 int lowestKept(int throwCount) {
   switch (throwCount) {
-    case 1: return 5;
-    case 2: return 4;
-    default: return 0;
+    case 1:
+      return 5;
+    case 2:
+      return 4;
+    default:
+      return 0;
   }
 }
 

@@ -13,8 +13,8 @@ void tolvanecomputer::takeThrow() {
 }
 
 void tolvanecomputer::decideNext() {
-  // The first throw after a board has opened is revealed more slowly, so its last face can be due at this very moment.
-  // The computer chooses among faces that the player has seen.
+  // The first throw after a board has opened is revealed more slowly, so its last face can be due at this
+  // very moment. The computer chooses among faces that the player has seen.
   while (Timer5.enabled()) reveal();
   if (!Timer4.enabled()) return;  // That was the third throw, and the end of the turn.
   Timer4.disable();

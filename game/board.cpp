@@ -17,7 +17,7 @@ using platform::indexed;
 struct Icon {
   std::string_view name;
   std::string_view picture;
-  std::string_view value;   // What stands to its right: the face it takes; empty where any will do.
+  std::string_view value;  // What stands to its right: the face it takes; empty where any will do.
   std::size_t valueLabel;  // The member of `Label3` that says so.
 };
 

@@ -21,8 +21,8 @@ class tolvane : public platform::Screen {
   /// Opens the board: for a fresh game, or for the saved one when `restoreSavedGame` is 1.
   void load() override;
 
-  /// Ends the turn if it is over: five dice lie on icons, or the third throw shows no 6, 5 and 4. Scores it, moves the
-  /// seat on and starts the hand-over. Changes nothing the players can see while the turn goes on.
+  /// Ends the turn if it is over: five dice lie on icons, or the third throw shows no 6, 5 and 4. Scores it,
+  /// moves the seat on and starts the hand-over. Changes nothing the players can see while the turn goes on.
   void checkturnover();
 
   /// Announces the winner or a draw. Called when four rounds have been played.
@@ -57,19 +57,19 @@ class tolvane : public platform::Screen {
   static constexpr std::size_t throwDice = 3;
   static constexpr std::size_t newGame = 4;
 
-  platform::Widget Shape1;                                // The frame around the column of icons.
-  std::array<platform::Widget, iconCount> Image1;         // The icons.
-  platform::Widget Image2;                                // The logo.
-  platform::Widget Label1;                                // Status line: whose turn it is.
-  platform::WidgetArray Label2;                           // The buttons.
-  platform::WidgetArray Label3;                           // 0 to 4 the icons' names; 7, 8 and 9 their values.
-  std::array<platform::Widget, diceCount> Label4;         // The dice.
-  std::array<platform::Widget, seats.size()> Label5;      // The totals of the seats.
-  platform::Widget Label6;                                // Round line.
-  std::array<platform::Widget, diceCount> Label7;         // The home markers of the dice.
-  platform::Widget Label8;                                // Throw counter.
-  platform::Widget Label9;                                // Turn score line.
-  platform::Widget Label10;                               // The hint to drag the dice.
+  platform::Widget Shape1;                            // The frame around the column of icons.
+  std::array<platform::Widget, iconCount> Image1;     // The icons.
+  platform::Widget Image2;                            // The logo.
+  platform::Widget Label1;                            // Status line: whose turn it is.
+  platform::WidgetArray Label2;                       // The buttons.
+  platform::WidgetArray Label3;                       // 0 to 4 the icons' names; 7, 8 and 9 their values.
+  std::array<platform::Widget, diceCount> Label4;     // The dice.
+  std::array<platform::Widget, seats.size()> Label5;  // The totals of the seats.
+  platform::Widget Label6;                            // Round line.
+  std::array<platform::Widget, diceCount> Label7;     // The home markers of the dice.
+  platform::Widget Label8;                            // Throw counter.
+  platform::Widget Label9;                            // Turn score line.
+  platform::Widget Label10;                           // The hint to drag the dice.
 
   platform::Timer Timer1{4000};  // Hand-over to the next seat.
   platform::Timer Timer2{250};   // Flashing of the winner.

@@ -22,9 +22,9 @@ constexpr std::size_t longestFile = 4096;
 // The first nine values, in the order of the lines; of a game or of a game that is only read.
 template <typename Game>
 auto wholeNumbers(Game& game) {
-  return std::array{&game.options.playerCount,  &game.state.currentSeat,  &game.state.roundNumber,
+  return std::array{&game.options.playerCount,      &game.state.currentSeat,  &game.state.roundNumber,
                     &game.options.computerOpponent, &game.state.seatScore[0], &game.state.seatScore[1],
-                    &game.state.seatScore[2],   &game.state.seatScore[3], &game.options.soundOn};
+                    &game.state.seatScore[2],       &game.state.seatScore[3], &game.options.soundOn};
 }
 
 std::string_view withoutBlanks(std::string_view text) {

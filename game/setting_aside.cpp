@@ -18,11 +18,15 @@ bool catches(const platform::Appearance& target, const platform::Appearance& die
 
 bool accepts(IconKind icon, std::string_view face, bool occupied) {
   switch (icon) {
-    case IconKind::Ship: return face == "6";
-    case IconKind::Captain: return face == "5";
-    case IconKind::Mate: return face == "4";
+    case IconKind::Ship:
+      return face == "6";
+    case IconKind::Captain:
+      return face == "5";
+    case IconKind::Mate:
+      return face == "4";
     case IconKind::Crew:
-    case IconKind::Cargo: return !occupied;
+    case IconKind::Cargo:
+      return !occupied;
   }
   return false;
 }
@@ -70,9 +74,8 @@ void tolvane::dieMouseUp(std::size_t die) {
 }
 
 int tolvane::diceOn(const platform::Widget& icon) const {
-  return static_cast<int>(std::count_if(Label4.begin(), Label4.end(), [&icon](const platform::Widget& die) {
-    return samePlace(die, icon);
-  }));
+  return static_cast<int>(std::count_if(
+      Label4.begin(), Label4.end(), [&icon](const platform::Widget& die) { return samePlace(die, icon); }));
 }
 
 }  // namespace game

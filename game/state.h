@@ -1,5 +1,5 @@
-// The state of a game: what survives a board, and what a board keeps for itself. The running totals are not here,
-// they stand in the score displays; nor is where each die lies, that is where the die is on the screen.
+// The state of a game: what survives a board, and what a board keeps for itself. The running totals are not
+// here, they stand in the score displays; nor is where each die lies, that is where the die is on the screen.
 #pragma once
 
 #include <array>
@@ -42,7 +42,7 @@ struct GameState {
 
 /// What lives and dies with a board.
 struct BoardState {
-  std::array<int, diceCount> dieValue{};  ///< The faces of the current throw, 1 to 6; 0 where none was drawn yet.
+  std::array<int, diceCount> dieValue{};  ///< The faces drawn, 1 to 6; 0 where none was yet.
   std::size_t diceSettled = 0;            ///< Dice of the current throw that already show their face.
   int throwCount = 0;                     ///< Throws made in the current turn.
   int diceOnIcons = 0;

@@ -22,7 +22,8 @@ std::string rollingFace(platform::Chance& chance) {
 }
 
 bool tolvane::mayThrow() const {
-  return !Timer2.enabled() && !Timer5.enabled() && !Timer8.enabled() && state_.roundNumber <= roundsPerGame;
+  const bool gameOver = state_.roundNumber > roundsPerGame;
+  return !gameOver && !Timer5.enabled() && !Timer8.enabled();
 }
 
 void tolvane::throwdice() {

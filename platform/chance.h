@@ -17,8 +17,8 @@ class Chance {
   virtual double next() = 0;
 };
 
-/// Seeds from the clock, and from the sequence it leaves, so that two throws in the same instant of a coarse clock
-/// still differ.
+/// Seeds from the clock, and from the sequence it leaves, so that two throws in the same instant of a coarse
+/// clock still differ.
 class ClockChance final : public Chance {
  public:
   void reseed() override;

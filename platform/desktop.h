@@ -1,8 +1,8 @@
 // The desktop as the game sees it: screens that are shown and unloaded by name, pictures, sounds, chance, the
 // pointer, and documents handed to other programs.
 //
-// One handler runs at a time. When it has returned, the desktop carries out what must wait for that: screens that
-// were unloaded are destroyed, enabled timers start to count, and the view is brought up to date.
+// One handler runs at a time. When it has returned, the desktop carries out what must wait for that: screens
+// that were unloaded are destroyed, enabled timers start to count, and the view is brought up to date.
 #pragma once
 
 #include <functional>
@@ -39,8 +39,8 @@ struct Placement {
   float height = 0;
 };
 
-/// Where `screen` stands, frame included: as it asks, or evenly larger where the frame would leave its client area
-/// too small.
+/// Where `screen` stands, frame included: as it asks, or evenly larger where the frame would leave its client
+/// area too small.
 Placement outerPlacement(const Screen& screen, const FrameExtents& frame);
 
 class Desktop {
@@ -57,8 +57,8 @@ class Desktop {
   /// Shows the screen of this name in front of all others; loads it first when it is not open.
   void show(std::string_view name);
 
-  /// Closes the screen of this name; it is destroyed when the running handler has returned. Nothing happens when it
-  /// is not open.
+  /// Closes the screen of this name; it is destroyed when the running handler has returned. Nothing happens
+  /// when it is not open.
   void unload(std::string_view name);
 
   /// The size of the whole display in twips.
@@ -67,16 +67,16 @@ class Desktop {
   /// What the desktop puts around a screen with a title bar, as far as it is known yet.
   virtual FrameExtents titleBarFrame() const = 0;
 
-  /// The own size in twips of the picture called `path`: its pixels over its stated resolution, or over 96 dots per
-  /// inch when it states none. Nothing when there is no such picture or it cannot be read.
+  /// The own size in twips of the picture called `path`: its pixels over its stated resolution, or over 96
+  /// dots per inch when it states none. Nothing when there is no such picture or it cannot be read.
   virtual std::optional<Size> pictureSize(std::string_view path) = 0;
 
-  /// Starts the sound file and returns at once; a sound still playing is cut off. The desktop's alert is heard when
-  /// the file cannot be played, nothing when there is no sound device.
+  /// Starts the sound file and returns at once; a sound still playing is cut off. The desktop's alert is
+  /// heard when the file cannot be played, nothing when there is no sound device.
   virtual void playSound(std::string_view path) = 0;
 
-  /// Hands a web address, or a file in the current directory, to the program that opens such things. Nothing happens
-  /// when there is no such file or program.
+  /// Hands a web address, or a file in the current directory, to the program that opens such things. Nothing
+  /// happens when there is no such file or program.
   virtual void openDocument(std::string_view target) = 0;
 
   virtual void setPointer(Pointer pointer) = 0;
@@ -96,19 +96,19 @@ class Desktop {
   /// The open screens, the one shown last at the end.
   std::span<const std::unique_ptr<Screen>> openScreens() const { return open_; }
 
-  /// Runs a handler to its end at the moment `now`, and then what must wait for that. When no screen but a backdrop is
-  /// left, the program ends: nobody is left with a coloured display and no way out.
+  /// Runs a handler to its end at the moment `now`, and then what must wait for that. When no screen but a
+  /// backdrop is left, the program ends: nobody is left with a coloured display and no way out.
   void handle(Moment now, const std::function<void()>& handler);
 
-  /// A click on `widget` at the moment `now`: a check box changes its tick, then the widget's handler runs. False, and
-  /// nothing happens, when the widget is hidden, disabled or deaf to clicks.
+  /// A click on `widget` at the moment `now`: a check box changes its tick, then the widget's handler runs.
+  /// False, and nothing happens, when the widget is hidden, disabled or deaf to clicks.
   bool click(Moment now, Widget& widget);
 
   /// When the next tick of an open screen's timer is due; nothing while no timer counts.
   std::optional<Moment> nextTick() const;
 
-  /// Runs the tick that has been due longest, if one is due at `now`. It counts as having come when it was due, unless
-  /// it is later than a whole interval: so ticks keep their rhythm and a pause causes no burst.
+  /// Runs the tick that has been due longest, if one is due at `now`. It counts as having come when it was
+  /// due, unless it is later than a whole interval: so ticks keep their rhythm and a pause causes no burst.
   void runDueTick(Moment now);
 
  protected:
@@ -132,7 +132,8 @@ class Desktop {
   Moment moment_{};                              // When the running handler's event happened.
 };
 
-/// Gives `widget` the picture called `path`; leaves it without one, and returns false, where that cannot be read.
+/// Gives `widget` the picture called `path`; leaves it without one, and returns false, where that cannot be
+/// read.
 bool loadPicture(Desktop& desktop, Widget& widget, std::string_view path);
 
 }  // namespace platform

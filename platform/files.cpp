@@ -12,9 +12,8 @@ namespace fs = std::filesystem;
 namespace {
 
 bool equalButForCase(const std::string& a, const std::string& b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](unsigned char x, unsigned char y) {
-    return std::tolower(x) == std::tolower(y);
-  });
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 fs::path entryNamed(const fs::path& folder, const std::string& name) {

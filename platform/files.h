@@ -6,9 +6,9 @@
 
 namespace platform {
 
-/// The file that `name` ("images\start.jpg") stands for, relative to the current directory. Backslashes separate
-/// folders, and a part of the name that does not exist as written stands for one that differs only in case. Where
-/// there is no such file, the name as written, with this system's separators.
+/// The file that `name` ("images\start.jpg") stands for, relative to the current directory. Backslashes
+/// separate folders, and a part of the name that does not exist as written stands for one that differs only
+/// in case. Where there is no such file, the name as written, with this system's separators.
 std::filesystem::path fileNamed(std::string_view name);
 
 }  // namespace platform

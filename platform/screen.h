@@ -45,8 +45,9 @@ class Screen {
   Colour background;
   Frame frame = Frame::TitleBar;
 
-  // Outer size and position on the display in twips, frame included. A size that leaves the client area less than
-  // `client` is grown to fit, evenly to all sides; so a screen that leaves it at 0 gets exactly its client area.
+  // Outer size and position on the display in twips, frame included. A size that leaves the client area less
+  // than `client` is grown to fit, evenly to all sides; so a screen that leaves it at 0 gets exactly its
+  // client area.
   float left = 0;
   float top = 0;
   float width = 0;

@@ -9,9 +9,9 @@ namespace platform {
 /// A point on the desktop's own clock.
 using Moment = std::chrono::microseconds;
 
-/// Counts from the moment it is enabled or its interval is set, whichever came last; both take effect when the
-/// handler that asked for them has returned. Starts disabled. A tick that comes late is made up for by a shorter
-/// wait for the next one, but ticks that were missed altogether are not repeated.
+/// Counts from the moment it is enabled or its interval is set, whichever came last; both take effect when
+/// the handler that asked for them has returned. Starts disabled. A tick that comes late is made up for by a
+/// shorter wait for the next one, but ticks that were missed altogether are not repeated.
 class Timer {
  public:
   /// `interval` in milliseconds, at least 1.

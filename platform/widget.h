@@ -1,8 +1,8 @@
 // What a screen is made of: labels, buttons, pictures and check boxes, as plain data.
 //
 // The game reads and writes the fields; after every handler the desktop compares each widget with what it
-// last drew and touches only what differs. All positions and sizes are in twips (1/1440 inch, 15 to a pixel at
-// 96 dots per inch), measured from the top left corner of the screen's client area; fractions are kept.
+// last drew and touches only what differs. All positions and sizes are in twips (1/1440 inch, 15 to a pixel
+// at 96 dots per inch), measured from the top left corner of the screen's client area; fractions are kept.
 #pragma once
 
 #include <cstddef>

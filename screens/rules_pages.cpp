@@ -23,39 +23,58 @@ struct Text {
 
 constexpr std::array page1Texts{
     Text{1, TextKind::Heading, {120, 840, 2430, 285}, "Summary of the rules"},
-    Text{3, TextKind::Body, {120, 1320, 11415, 1005},
+    Text{3,
+         TextKind::Body,
+         {120, 1320, 11415, 1005},
          "Tolvane is a dice game that represents trading on sea voyages."},
-    Text{4, TextKind::Body, {120, 1800, 11295, 1605},
+    Text{4,
+         TextKind::Body,
+         {120, 1800, 11295, 1605},
          "Players take turns to throw five dice. A player may take up to three throws of the dice on their "
          "turn. After each throw, the player can choose to set aside some of the dice scores and continue to "
          "throw the remaining dice. To score on their turn, the player must throw at least one 6, one 5 and "
          "one 4. These represent the ship, the captain and the mate. The other two dice represent the profit "
          "from the voyage and are the player's score for the round. "},
-    Text{2, TextKind::Body, {120, 3360, 11535, 645},
+    Text{2,
+         TextKind::Body,
+         {120, 3360, 11535, 645},
          "After four rounds the player with the highest score is the winner. "},
     Text{9, TextKind::Heading, {120, 4440, 2355, 285}, "Getting ready to play"},
-    Text{8, TextKind::Body, {120, 4920, 11655, 645},
+    Text{8,
+         TextKind::Body,
+         {120, 4920, 11655, 645},
          "Before the game begins, the players can set the parameters of the game."},
-    Text{11, TextKind::Body, {120, 5400, 7935, 1245},
+    Text{11,
+         TextKind::Body,
+         {120, 5400, 7935, 1245},
          "The game is designed for 2 - 4 players or one player against the computer. To begin the game click "
          "the button corresponding to the number of players. Players then take their turn in the following "
          "order: Orange, Magenta, Yellow, Green. "},
-    Text{13, TextKind::Body, {120, 6720, 7575, 1485},
+    Text{13,
+         TextKind::Body,
+         {120, 6720, 7575, 1485},
          "If there is just one player, select button '1' to play against the computer. The computer always "
          "plays as the second player - Magenta."},
 };
 
 constexpr std::array page2Texts{
     Text{1, TextKind::Heading, {120, 600, 2085, 285}, "Throwing the Dice"},
-    Text{2, TextKind::Body, {120, 1080, 11415, 885},
-         "The player whose turn it is clicks the button labelled 'Throw Dice'. Five numbers are then randomly "
-         "generated, corresponding to the dice throw. Depending on the scores on the dice, the player may "
-         "decide to set aside some of the dice before throwing the remaining dice. The player has a maximum "
-         "of three throws in each round."},
-    Text{7, TextKind::Body, {120, 2160, 6255, 525},
+    Text{
+        2,
+        TextKind::Body,
+        {120, 1080, 11415, 885},
+        "The player whose turn it is clicks the button labelled 'Throw Dice'. Five numbers are then randomly "
+        "generated, corresponding to the dice throw. Depending on the scores on the dice, the player may "
+        "decide to set aside some of the dice before throwing the remaining dice. The player has a maximum "
+        "of three throws in each round."},
+    Text{7,
+         TextKind::Body,
+         {120, 2160, 6255, 525},
          "Click the button on the right to try out throwing the dice."},
     Text{5, TextKind::Heading, {120, 3600, 11655, 645}, "Setting Dice Aside"},
-    Text{3, TextKind::Body, {120, 4080, 7695, 645},
+    Text{3,
+         TextKind::Body,
+         {120, 4080, 7695, 645},
          "To set aside the score on a die, the player drags the score of the die onto one of the five icons "
          "to the left of the screen. These icons are as follows:"},
     Text{4, TextKind::BoldBody, {720, 4800, 6495, 405}, "SHIP - Ship's Wheel icon - 6"},
@@ -63,44 +82,65 @@ constexpr std::array page2Texts{
     Text{11, TextKind::BoldBody, {720, 5520, 6735, 405}, "MATE - Ship's Compass icon - 4"},
     Text{12, TextKind::BoldBody, {720, 5880, 7335, 405}, "CREW - Anchor icon - any score"},
     Text{13, TextKind::BoldBody, {720, 6240, 6015, 405}, "CARGO - Bananas icon - any score"},
-    Text{8, TextKind::Body, {120, 6840, 11415, 885},
-         "The top three icons will only accept scores of the correct value. Only a score of 6 can be dragged "
-         "onto the Ship's Wheel icon, only a score of 5 can be dragged onto the Sextant icon and only a score "
-         "of 4 can be dragged onto the Ship's Compass icon. A score of any value can be dragged onto the "
-         "bottom two icons."},
-    Text{6, TextKind::Body, {120, 7920, 11775, 645},
+    Text{
+        8,
+        TextKind::Body,
+        {120, 6840, 11415, 885},
+        "The top three icons will only accept scores of the correct value. Only a score of 6 can be dragged "
+        "onto the Ship's Wheel icon, only a score of 5 can be dragged onto the Sextant icon and only a score "
+        "of 4 can be dragged onto the Ship's Compass icon. A score of any value can be dragged onto the "
+        "bottom two icons."},
+    Text{6,
+         TextKind::Body,
+         {120, 7920, 11775, 645},
          "After setting aside any dice that they wish to keep, the player should click the 'Throw Dice' "
          "button to throw the remaining dice."},
 };
 
 constexpr std::array page3Texts{
     Text{8, TextKind::Heading, {120, 720, 3945, 285}, "Scoring"},
-    Text{10, TextKind::Body, {120, 1200, 11655, 645},
+    Text{10,
+         TextKind::Body,
+         {120, 1200, 11655, 645},
          "If a player has not managed to throw a 6, a 5 and a 4 by their third throw, they receive zero "
          "points for the round and the turn passes to the next player."},
-    Text{11, TextKind::Body, {120, 1920, 11655, 1125},
-         "On the other hand, if the player has thrown a 6, a 5 and a 4, these dice scores should be dragged "
-         "onto the SHIP, CAPTAIN and MATE icons and the other two dice scores should be dragged onto the CREW "
-         "and CARGO icons. The player will then receives points equal to the scores on these last two dice. "
-         "The turn will then pass to the next player."},
-    Text{13, TextKind::Body, {120, 3240, 11655, 645},
-         "Players do not have to make three throw of the dice. They can keep all five dice scores after their "
-         "first or their second throw."},
+    Text{
+        11,
+        TextKind::Body,
+        {120, 1920, 11655, 1125},
+        "On the other hand, if the player has thrown a 6, a 5 and a 4, these dice scores should be dragged "
+        "onto the SHIP, CAPTAIN and MATE icons and the other two dice scores should be dragged onto the CREW "
+        "and CARGO icons. The player will then receives points equal to the scores on these last two dice. "
+        "The turn will then pass to the next player."},
+    Text{
+        13,
+        TextKind::Body,
+        {120, 3240, 11655, 645},
+        "Players do not have to make three throw of the dice. They can keep all five dice scores after their "
+        "first or their second throw."},
     Text{1, TextKind::Heading, {120, 4080, 1935, 285}, "A Quick Example"},
-    Text{2, TextKind::Body, {120, 4530, 6735, 405},
+    Text{2,
+         TextKind::Body,
+         {120, 4530, 6735, 405},
          "The following is an illustration of how the game is played."},
-    Text{5, TextKind::Body, {120, 5040, 9075, 1965},
-         "On my first throw, my five dice show the score: 3, 2, 4, 6, 1. I decide to keep the 6 and the 4. I "
-         "drag the 6 onto the SHIP icon and drag the 4 onto the MATE icon. Then I throw the remaining three "
-         "dice. The scores I make with these three dice are: 5, 5, 1. I drag one 5 onto the CAPTAIN icon and "
-         "decide to keep the other 5 by dragging it onto the CREW icon. With my third and final throw, I "
-         "throw the one remaining die. I throw a 3 with this die. I drag the 3 onto the CARGO icon. My turn "
-         "is now completed and I receive 8 points, which is the total of the points that I have placed on the "
-         "CREW and CARGO icons."},
+    Text{
+        5,
+        TextKind::Body,
+        {120, 5040, 9075, 1965},
+        "On my first throw, my five dice show the score: 3, 2, 4, 6, 1. I decide to keep the 6 and the 4. I "
+        "drag the 6 onto the SHIP icon and drag the 4 onto the MATE icon. Then I throw the remaining three "
+        "dice. The scores I make with these three dice are: 5, 5, 1. I drag one 5 onto the CAPTAIN icon and "
+        "decide to keep the other 5 by dragging it onto the CREW icon. With my third and final throw, I "
+        "throw the one remaining die. I throw a 3 with this die. I drag the 3 onto the CARGO icon. My turn "
+        "is now completed and I receive 8 points, which is the total of the points that I have placed on the "
+        "CREW and CARGO icons."},
     Text{3, TextKind::Heading, {120, 7200, 960, 285}, "The End"},
-    Text{4, TextKind::Body, {120, 7680, 6735, 645},
-         "There are four rounds in a game. After the four rounds, the player with the highest total of points "
-         "is the winner."},
+    Text{
+        4,
+        TextKind::Body,
+        {120, 7680, 6735, 645},
+        "There are four rounds in a game. After the four rounds, the player with the highest total of points "
+        "is the winner."},
 };
 
 platform::Font fontOf(TextKind kind) {
@@ -122,17 +162,19 @@ struct PageDesign {
 
 namespace {
 
-constexpr PageDesign page1{"Wembickrules",  7,
-                           "Page 1 of 3",   "",
-                           "Wembickrules2", R"(images\start.jpg)",
-                           {8640, 4320, 2835, 3525}, page1Texts};
-constexpr PageDesign page2{"Wembickrules2",  20,
-                           "Page 2 of 3",    "Wembickrules",
-                           "Wembickrules2b", R"(images\board.jpg)",
-                           {8040, 3840, 3600, 2700}, page2Texts};
-constexpr PageDesign page3{"Wembickrules2b", 20,
-                           "Page 3 of 3",    "Wembickrules2",
-                           "",               R"(images\example.jpg)",
+constexpr PageDesign page1{
+    "Wembickrules",           7,         "Page 1 of 3", "", "Wembickrules2", R"(images\start.jpg)",
+    {8640, 4320, 2835, 3525}, page1Texts};
+constexpr PageDesign page2{"Wembickrules2",
+                           20,
+                           "Page 2 of 3",
+                           "Wembickrules",
+                           "Wembickrules2b",
+                           R"(images\board.jpg)",
+                           {8040, 3840, 3600, 2700},
+                           page2Texts};
+constexpr PageDesign page3{"Wembickrules2b",         20,        "Page 3 of 3",
+                           "Wembickrules2",          "",        R"(images\example.jpg)",
                            {9720, 4440, 1800, 2580}, page3Texts};
 
 }  // namespace
@@ -147,7 +189,8 @@ RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, con
   add(Image1, "Image1", picture(design.pictureBox));
   add(Label1[design.numberLabel], platform::indexed("Label1", design.numberLabel),
       label({0, 0, 1065, 240}, arialBold(9.75F), yellow, design.number));
-  add(Label1[0], "Label1(0)", centred({0, 120, 12000, 360}, arialBold(15.75F), yellow, "The Rules of Tolvane"));
+  add(Label1[0], "Label1(0)",
+      centred({0, 120, 12000, 360}, arialBold(15.75F), yellow, "The Rules of Tolvane"));
   for (const Text& text : design.texts) {
     add(Label1[text.index], platform::indexed("Label1", text.index),
         label(text.box, fontOf(text.kind), yellow, text.text));
@@ -188,7 +231,8 @@ Wembickrules::Wembickrules(platform::Desktop& desktop, game::GameOptions& option
 Wembickrules2::Wembickrules2(platform::Desktop& desktop, game::GameOptions& options)
     : RulesPage(desktop, options, page2) {
   using namespace game::look;
-  add(Label2, "Label2", button({6600, 2160, 2055, 495}, tahomaBold(15.75F), game::seats[3].colour, "Throw Dice"));
+  add(Label2, "Label2",
+      button({6600, 2160, 2055, 495}, tahomaBold(15.75F), game::seats[3].colour, "Throw Dice"));
   for (std::size_t die = 0; die < game::diceCount; ++die) {
     const Box box{5880 + 720 * static_cast<float>(die), 2760, 615, 615};
     add(Label4[die], platform::indexed("Label4", die), tile(box, arialBold(24), yellow));

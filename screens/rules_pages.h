@@ -1,5 +1,5 @@
-// The three pages of rules. Each is a window of its own in front of the options screen; moving on closes the page
-// that is left.
+// The three pages of rules. Each is a window of its own in front of the options screen; moving on closes the
+// page that is left.
 #pragma once
 
 #include <array>

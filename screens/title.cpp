@@ -14,7 +14,8 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
   background = navy;
   client = {5445, 6570};
 
-  // The panel reaches a little beyond the window's left and top edge; all else has its place within the panel.
+  // The panel reaches a little beyond the window's left and top edge; all else has its place within the
+  // panel.
   constexpr Box panel{-30, -120, 5640, 6720};
   const auto within = [panel](Box box) {
     return Box{box.left + panel.left, box.top + panel.top, box.width, box.height};

@@ -1,5 +1,5 @@
-// The throw to try out on page 2 of the rules: no scoring and no dragging, it only shows what a throw looks like.
-// With sound the roll waits for the cup and dice to be heard.
+// The throw to try out on page 2 of the rules: no scoring and no dragging, it only shows what a throw looks
+// like. With sound the roll waits for the cup and dice to be heard.
 
 #include "game/throwing.h"
 #include "screens/playwav.h"

@@ -1,20 +1,52 @@
 // The whole program on a simulated desktop, driven by what a player does.
 #pragma once
 
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <deque>
+#include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
-
-#include <initializer_list>
+#include <sstream>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "app/register_screens.h"
+#include "game/setting_aside.h"
 #include "game/state.h"
 #include "platform/simulated/simulated_desktop.h"
 
 namespace tests {
 
 inline constexpr int aWholeThrow = 2100;  // Milliseconds; the first throw of a board takes 2005.
+
+/// The words of a table written as text, row by row; "-" stands for no word, '+' for a blank.
+template <std::size_t columns>
+std::vector<std::array<std::string, columns>> rows(const char* text) {
+  std::vector<std::array<std::string, columns>> table;
+  std::istringstream words(text);
+  std::size_t count = 0;
+  for (std::string word; words >> word; ++count) {
+    if (count % columns == 0) table.emplace_back();
+    std::replace(word.begin(), word.end(), '+', ' ');
+    table.back()[count % columns] = word == "-" ? "" : word;
+  }
+  if (count % columns != 0) throw std::invalid_argument("a row is too short");
+  return table;
+}
+
+/// An empty folder that is the current one for as long as this lives.
+struct EmptyFolder {
+  std::filesystem::path before = std::filesystem::current_path();
+  std::string made = "/tmp/tolvane-test-XXXXXX";
+
+  EmptyFolder() { std::filesystem::current_path(mkdtemp(made.data())); }
+  ~EmptyFolder() { std::filesystem::current_path(before), std::filesystem::remove_all(made); }
+};
 
 class SimulatedProgram {
  public:
@@ -29,12 +61,24 @@ class SimulatedProgram {
     desktop.start("Titlefrm");
   }
 
+  explicit SimulatedProgram(int players) : SimulatedProgram() { openBoard(players); }
+
   /// From the title screen to a fresh board; sounds asked for on the way are forgotten.
   void openBoard(int players) {
     desktop.click("Titlefrm", "Label5");
     desktop.click("Startplay2", platform::indexed("Label1", static_cast<std::size_t>(players) - 1));
     board = players == 1 ? "tolvanecomputer" : "tolvane";
     desktop.sounds.clear();
+  }
+
+  /// From the title screen to the board against the computer, resumed in `round` with `seat` to play.
+  void resumeAgainstComputer(int seat, int round) {
+    board = "tolvanecomputer";
+    options = {
+        .playerCount = 2, .soundOn = 1, .computerOpponent = 1, .restoreSavedGame = 1, .hideDesktop = 0};
+    state = {.currentSeat = seat, .roundNumber = round, .seatScore = {}};
+    desktop.start(board);
+    options.restoreSavedGame = 0;
   }
 
   platform::Widget& at(std::string_view name) {
@@ -74,7 +118,9 @@ class SimulatedProgram {
   /// Drags die `i` with the left button so that its top left corner comes to (left, top), and lets go.
   void drag(std::size_t i, float left, float top) {
     const std::string name = platform::indexed("Label4", i);
-    platform::MouseEvent mouse{.buttons = 1, .shift = 0, .x = left - die(i).left + die(i).width / 2,
+    platform::MouseEvent mouse{.buttons = 1,
+                               .shift = 0,
+                               .x = left - die(i).left + die(i).width / 2,
                                .y = top - die(i).top + die(i).height / 2};
     desktop.moveMouse(board, name, mouse);
     desktop.releaseMouse(board, name, mouse);
@@ -85,8 +131,75 @@ class SimulatedProgram {
   }
 
   /// Die 0 to SHIP, die 1 to CAPTAIN, and so on to CARGO.
-  void dragAllToIcons() {
-    for (std::size_t i = 0; i < game::diceCount; ++i) dragToIcon(i, static_cast<game::IconKind>(i));
+  void dragAllToIcons() { dragDice("01234"); }
+
+  /// Drags each die, from the first, to the icon of the index that stands for it ("00123"); '-' leaves it.
+  void dragDice(std::string_view icons) {
+    for (std::size_t i = 0; i < icons.size(); ++i) {
+      if (icons[i] != '-') dragToIcon(i, static_cast<game::IconKind>(icons[i] - '0'));
+    }
+  }
+
+  /// Where the dice lie, one character a die: the index of its icon, 'h' at home, '?' elsewhere.
+  std::string places() {
+    std::string shown;
+    for (std::size_t i = 0; i < game::diceCount; ++i) {
+      std::size_t k = 0;
+      while (k < game::iconCount && !game::samePlace(die(i), icon(k))) ++k;
+      shown += game::samePlace(die(i), home(i)) ? "h" : k == game::iconCount ? "?" : std::to_string(k);
+    }
+    return shown;
+  }
+
+  /// What the players see: "TURN OVER, ROUND 1 OF 4, 65432 01234, 5 SCORED, 5 0", the last being the totals.
+  std::string view() {
+    std::string seen = at("Label1").text + ", " + at("Label6").text + ", " + faces() + " " + places() + ",";
+    if (at("Label9").visible) seen += " " + at("Label9").text + ",";
+    for (const char* total : {"Label5(0)", "Label5(1)", "Label5(2)", "Label5(3)"}) {
+      if (at(total).visible) seen += " " + at(total).text;
+    }
+    return seen;
+  }
+
+  /// The sounds asked for since this was last called, in order: "key click".
+  std::string heard() {
+    std::string names;
+    for (const std::string& path : std::exchange(desktop.sounds, {})) {
+      const bool usual = path.starts_with("wav\\") && path.ends_with(".wav");
+      names += (names.empty() ? "" : " ") + (usual ? path.substr(4, path.size() - 8) : path);
+    }
+    return names;
+  }
+
+  /// The open screens, the one in front last: "Grey Startplay2".
+  std::string screens() {
+    std::string names;
+    for (const auto& screen : desktop.openScreens()) names += (names.empty() ? "" : " ") + screen->name();
+    return names;
+  }
+
+  /// Follows a throw that has just been clicked through every millisecond: the dice marked 'h' in `rolls`
+  /// roll at `firstRoll` and then every 5 ms, and come to rest one by one from `firstSettle` every 250 ms.
+  /// Rolling dice show a 3, so `before` and `after` had better not. Between two milliseconds `meanwhile`
+  /// happens.
+  void watchThrow(std::string before, std::string_view after, std::string_view rolls, int firstRoll,
+                  int firstSettle, const std::function<void()>& meanwhile) {
+    std::deque<double>& script = desktop.chance().script;
+    for (int t = 0; t <= firstSettle + 1000; ++t) {
+      script.assign(9, 0.4);
+      if (t > 0) desktop.advance(1);
+      bool rolling = false;
+      for (std::size_t i = 0; i < game::diceCount; ++i) {
+        if (rolls[i] != 'h' || t < firstRoll) continue;
+        const bool settled = t >= firstSettle + 250 * static_cast<int>(i);
+        before[i] = settled ? after[i] : '3';
+        rolling = rolling || (!settled && (t - firstRoll) % 5 == 0);
+      }
+      ASSERT_EQ(faces(), before) << "after " << t << " ms";
+      ASSERT_EQ(script.size() < 9, rolling) << "after " << t << " ms";
+      if (t < firstSettle + 1000) meanwhile();
+    }
+    script.clear();
   }
 };
 

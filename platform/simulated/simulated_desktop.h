@@ -1,5 +1,5 @@
-// A desktop without a display: the clock is moved by hand, clicks and drags are calls, and what the game asks of the
-// desktop is written to lists.
+// A desktop without a display: the clock is moved by hand, clicks and drags are calls, and what the game asks
+// of the desktop is written to lists.
 #pragma once
 
 #include <deque>
@@ -30,7 +30,8 @@ class SimulatedDesktop final : public Desktop {
   // What the display is like.
   Size display{19200, 15360};
   FrameExtents frame{};
-  std::map<std::string, std::optional<Size>, std::less<>> pictures;  ///< Pictures not listed load, 1500 by 1500.
+  std::map<std::string, std::optional<Size>, std::less<>>
+      pictures;  ///< Pictures not listed load, 1500 by 1500.
 
   // What the game asked for, in order.
   std::vector<std::string> sounds;
@@ -48,11 +49,12 @@ class SimulatedDesktop final : public Desktop {
 
   using Desktop::click;
 
-  /// Clicks a widget of an open screen as a person would. False when there is nothing to click there: the screen is
-  /// not open, or the widget is hidden, disabled or deaf to clicks.
+  /// Clicks a widget of an open screen as a person would. False when there is nothing to click there: the
+  /// screen is not open, or the widget is hidden, disabled or deaf to clicks.
   bool click(std::string_view screen, std::string_view widget);
 
-  /// Moves the mouse over a widget with these buttons held; x and y in twips from the widget's top left corner.
+  /// Moves the mouse over a widget with these buttons held; x and y in twips from the widget's top left
+  /// corner.
   void moveMouse(std::string_view screen, std::string_view widget, MouseEvent event);
 
   /// Lets a mouse button go over a widget.

@@ -1,0 +1,115 @@
+// The computer's turn as it is seen and heard, to the millisecond.
+#include <map>
+
+#include "tests/simulated_program.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+using Throws = std::map<int, std::string_view>;  // The faces to come, from so many milliseconds on.
+
+struct Onlooker : tests::SimulatedProgram {
+  Onlooker() { resumeAgainstComputer(1, 3); }
+
+  /// What is seen and heard in so many milliseconds while the person tries to meddle with the computer's
+  /// turn: "3600 h0hhhM key; " is die 1 coming to rest on SHIP, Magenta to play.
+  std::string watch(int milliseconds, const Throws& throws = {}) {
+    std::string seen;
+    std::string before = look();
+    heard();
+    for (int time = 0; time < milliseconds;) {
+      if (time % 250 == 0 && before[5] != 'O') {
+        click("Label2(3)");
+        dragAllToIcons();
+      }
+      if (throws.contains(time)) scriptThrow(throws.at(time));
+      const auto tick = desktop.nextTick().value_or(desktop.now() + 1h) - desktop.now();
+      const int step = std::min({milliseconds - time, 250 - time % 250, static_cast<int>(tick / 1ms)});
+      desktop.advance(step);
+      time += step;
+      const std::string sounds = heard();
+      const bool news = look() != before || !sounds.empty();
+      before = look();
+      if (news) seen += std::to_string(time) + " " + before + " " + sounds + "; ";
+    }
+    return seen;
+  }
+  std::string look() {
+    const std::string score = at("Label9").visible ? " " + at("Label9").text : "";
+    return places() + at("Label1").text.front() + score;
+  }
+};
+
+const struct Turn {
+  Throws throws;
+  std::string seen;
+} longTurn{{{0, "56264"}, {14000, "--3--"}, {17000, "--1--"}},
+           "1000 hhhhhM cupdice; 3020 h?hhhM ; 3600 h0hhhM key; 5620 ?0hhhM ; 6100 10hhhM key; 8120 10hh?M ; "
+           "9000 10hh2M key; 11020 10h?2M ; 11800 10h32M key; 14800 10h32M cupdice; 17800 10h32M cupdice; "
+           "19820 10?32M ; 20500 10432T 7 SCORED key dive1; 24500 hhhhhO ; "},
+    oneThrow{{{0, "65466"}},
+             "1000 hhhhhM cupdice; 3020 ?hhhhM ; 3500 0hhhhM key; 5520 0?hhhM ; 6100 01hhhM key; "
+             "8120 01?hhM ; 8800 012hhM key; 10820 012?hM ; 11600 0123hM key; 13620 0123?M ; "
+             "14500 01234T 12 SCORED key aooga; 18500 hhhhhO ; "},
+    lostWithShipManned{{{0, "11236"}, {5000, "1123-"}, {8000, "5123-"}},
+                       "1000 hhhhhM cupdice; 3020 hhhh?M ; 3900 hhhh0M key; 6900 hhhh0M cupdice; "
+                       "9900 hhhh0M cupdice; 11150 hhhh0T 0 SCORED wateresplash; 15150 hhhhhO ; "};
+
+TEST(ComputersTurn, RunsToTheMillisecondWhateverThePersonTries) {
+  for (const Turn& turn : {longTurn, oneThrow, lostWithShipManned}) {
+    Onlooker program;
+    EXPECT_EQ(program.watch(40000, turn.throws), turn.seen);
+    EXPECT_TRUE(program.at("Label2(3)").enabled);
+  }
+}
+
+TEST(ComputersTurn, GlidesInAStraightLineAboveAllElse) {
+  Onlooker program;
+  program.scriptThrow("65466");
+  std::ostringstream seen;
+  for (const int wait : {3020, 240, 240, 10120, 440, 440}) {
+    program.desktop.advance(wait);
+    const platform::Widget& die = *program.desktop.find(program.board)->drawingOrder().back();
+    seen << die.name << " " << die.left << "/" << die.top << "; ";
+  }
+  EXPECT_EQ(seen.str(),
+            "Label4(0) 5179.2/4089.6; Label4(0) 3969.6/2764.8; Label4(0) 2760/1440; "
+            "Label4(4) 9917.33/4245.33; Label4(4) 6338.67/5242.67; Label4(4) 2760/6240; ");
+}
+
+TEST(ComputersTurn, WaitsForFacesThatABusyDisplayShowsLate) {
+  for (const auto& [from, duration, next] : {std::tuple(2300, 600, "120 hhhh?M ; "),
+                                             std::tuple(10100, 1700, "100 hhhh0T 0 SCORED wateresplash; ")}) {
+    Onlooker program;
+    program.watch(from, lostWithShipManned.throws);
+    const auto end = program.desktop.now() + duration * 1ms;
+    while (program.desktop.nextTick() <= end) program.desktop.runDueTick(end);
+    program.desktop.advance(duration);
+    EXPECT_EQ(program.watch(800), next);
+  }
+}
+
+TEST(ComputersTurn, LeavesNothingToTheNewGameThatIsPlayedToItsEnd) {
+  for (int time = 500; time < 20500; time += 1300) {
+    SCOPED_TRACE(time);
+    Onlooker program;
+    program.watch(time, longTurn.throws);
+    program.desktop.chance().script.clear();
+    program.click("Label2(4)");
+    program.desktop.advance(10000);
+    EXPECT_EQ(program.look() + program.faces() + program.heard(), "hhhhhO-----shipbell");
+    for (const std::string round : {"1", "2", "3", "4"}) {
+      program.throwFaces("65412");
+      EXPECT_EQ(program.at("Label6").text + program.faces(), "ROUND " + round + " OF 465412");
+      program.dragAllToIcons();
+      program.desktop.advance(4000);
+      const Turn& turn = round == "2" ? lostWithShipManned : oneThrow;
+      EXPECT_TRUE(turn.seen.starts_with(program.watch(15000, turn.throws)));
+      program.desktop.advance(5000);
+    }
+    EXPECT_EQ(program.at("Label1").text + program.at("Label5(1)").text, "MAGENTA HAS WON!36");
+    EXPECT_EQ(program.watch(10000).find_first_of("?"), std::string::npos);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,67 @@
+// Which dice a throw throws, how they come to rest to the millisecond, and that they are fair.
+
+#include "game/throwing.h"
+
+#include "tests/simulated_program.h"
+
+TEST(Throwing, RollsAndSettlesToTheMillisecond) {
+  tests::SimulatedProgram game(2);
+  // What chance says: for each die how many hundredths of draws, and, for a die at home, each draw in sixths.
+  const std::pair<std::deque<double>, std::string> throws[] = {
+      {{0, 0.0099, 0.01, 0.999, 0.03, 0, 0.99, 0.5, 0.019, 0.67}, "11645"},  // A die not drawn shows a 1,
+      {{0, 0.5, 0.01, 0.7, 0.5, 0.01, 0.2}, "11542"},                        // or the face it had.
+      {{0.5, 0.5, 0.5, 0.5, 0.5}, "11542"},
+      {{0, 0, 0, 0, 0}, "11111"},  // The next seat's dice have no face to keep.
+  };
+  int count = 0;
+  for (const auto& [script, thrown] : throws) {
+    const int number = count++ % 3 + 1;
+    const std::string before = game.faces(), places = game.places();
+    game.desktop.chance().script = script;
+    game.click("Label2(3)");
+    EXPECT_TRUE(game.desktop.chance().script.empty());
+    EXPECT_EQ(game.at("Label8").text + " " + game.heard(), "THROW " + std::to_string(number) + " cupdice");
+    EXPECT_TRUE(game.at("Label8").visible && game.at("Label10").visible);
+    EXPECT_EQ(game.at("Label2(3)").enabled, number < 3);
+    game.watchThrow(before, thrown, places, count == 1 ? 250 : 5, count == 1 ? 1000 : 250, [&] {
+      game.click("Label2(3)");  // Rolling dice can be neither thrown nor dragged.
+      for (const std::size_t die : {0U, 1U}) game.drag(die, 600, 5000);
+      ASSERT_EQ(game.places() + game.heard(), places);
+      ASSERT_EQ(game.desktop.chance().reseeds, count);
+    });
+    game.desktop.advance(5);
+    if (count == 1) game.dragDice("-3---"), game.drag(3, 600, 5000);  // These two are thrown no more,
+    for (std::size_t die = 0; count == 2 && die < 5; ++die) game.drag(die, 600, 5000);  // and then none.
+    if (number == 3) game.desktop.advance(4000);
+    game.heard();
+  }
+}
+
+// How far from chance the faces of 60,000 dice thrown in a row are, and those of a die in two throws running.
+static std::array<double, 2> deviations() {
+  platform::ClockChance chance;
+  std::vector<std::size_t> faces(60000);
+  std::array<double, 6> counts{};
+  std::array<double, 36> pairs{};
+  for (std::size_t i = 0; i < faces.size(); ++i) {
+    if (i % 5 == 0) chance.reseed();
+    faces[i] = static_cast<std::size_t>(game::drawFace(chance, 0)) - 1;
+    ++counts[faces[i]];
+    if (i >= 5) ++pairs[faces[i - 5] * 6 + faces[i]];
+  }
+  const auto strayed = [](double count, double mean) { return (count - mean) * (count - mean) / mean; };
+  std::array<double, 2> sums{};
+  for (std::size_t f = 0; f < 36; ++f) {
+    // One die in a hundred is not drawn at all and shows a 1.
+    if (f < 6) sums[0] += strayed(counts[f], 60000 * (f == 0 ? 0.99 / 6 + 0.01 : 0.99 / 6));
+    sums[1] += strayed(pairs[f], counts[f / 6] * counts[f % 6] / 60000);
+  }
+  return sums;
+}
+
+TEST(Throwing, IsFair) {
+  // Luck alone exceeds each limit once in a thousand times; so it may try twice, and fails once in a million.
+  const auto first = deviations(), second = deviations();
+  EXPECT_LT(std::min(first[0], second[0]), 20.515);
+  EXPECT_LT(std::min(first[1], second[1]), 52.620);
+}

@@ -1,0 +1,126 @@
+// The road through the program's screens, their places, what they do without pictures, the throw to try out.
+
+#include "tests/simulated_program.h"
+
+TEST(Screens, LeadWhereTheirButtonsSay) {
+  const tests::EmptyFolder elsewhere;  // Leaving a board saves its game.
+  tests::SimulatedProgram program;
+  const std::map<char, std::string> names{
+      {'T', "Titlefrm"},        {'O', "Startplay2"},   {'G', "Grey"},          {'b', "tolvane"},
+      {'c', "tolvanecomputer"}, {'1', "Wembickrules"}, {'2', "Wembickrules2"}, {'3', "Wembickrules2b"}};
+  // A screen and what is clicked there, the screens then open (the one shown last at the end), what is heard.
+  for (const auto& [screen, widget, open, sounds] : tests::rows<4>(R"(
+      T Label5 GO click1      O Label3(0) GT -        T Label5 GO click1      O Check3 O click1
+      O Label3(0) T -         T Label5 GO click1      O Check3 O click1       O Check3 GO click1
+      O Label2(0) GO -        O Label2(1) GO -        O Label2(12) GO -       O Label6 GO1 click
+      1 Label3(0) GO click1   O Label6 GO1 click      1 Label3(1) GO2 click1  2 Label3(2) GO1 click1
+      1 Label3(1) GO2 click1  2 Label3(1) GO3 click1  3 Label3(2) GO2 click1  2 Label3(0) GO click1
+      O Label6 GO1 click      O Label1(2) Gb click    b Label2(2) GT click1   T Label5 GO click1
+      O Label6 GO1 click      1 Label3(1) GO2 click1  O Label1(3) G2b click   2 Label3(1) Gb3 click1
+      b Label2(2) G3T click1  T Label5 3GO click1     O Check1 3GO click1     O Label1(0) 3Gc -
+      3 Label2 3Gc -          3 Label3(0) Gc -        c Label2(2) GT click1   T close G -
+      T start GT -            T Label5 GO click1      O Label6 GO1 click      O close G1 -
+      1 close G -             O start GO -            O Check3 O click1       O Label1(1) b click
+      b close - -             T start T -             T Label7 T -)")) {
+    SCOPED_TRACE(screen + " " + widget);
+    const std::string& name = names.at(screen[0]);
+    std::filesystem::remove("lastgame.inf");
+    program.desktop.ended = false;
+    if (widget == "start") program.desktop.start(name);
+    if (widget == "close") program.desktop.closeWindow(name);
+    EXPECT_EQ(program.desktop.click(name, widget), widget.starts_with("L") || widget.starts_with("C"));
+    std::string expected;
+    for (const char letter : open) expected += (expected.empty() ? "" : " ") + names.at(letter);
+    EXPECT_EQ(program.screens(), expected);
+    EXPECT_EQ(program.heard(), sounds);
+    EXPECT_TRUE(widget != "close" || !std::filesystem::exists("lastgame.inf"));
+    EXPECT_EQ(program.desktop.ended, open == "G" || open.empty() || widget == "Label7");
+    const auto* hide = program.desktop.widget("Startplay2", "Check3");
+    EXPECT_TRUE(!hide || hide->checked == (program.desktop.find("Grey") != nullptr));
+  }
+  const std::string page = "https://tolvane.example/";
+  EXPECT_EQ(program.desktop.documents, (std::vector<std::string>{page, page, page, "Tolvane Rules.doc"}));
+}
+
+// Checks where `screen` stands when the desktop puts `frame` around it.
+static void expectPlace(const platform::Screen& screen, const platform::Placement& place,
+                        const platform::FrameExtents& frame = {}) {
+  const platform::Placement outer = platform::outerPlacement(screen, frame);
+  EXPECT_EQ(std::tuple(outer.left, outer.top, outer.width, outer.height),
+            std::tuple(place.left, place.top, place.width, place.height))
+      << screen.name();
+}
+
+TEST(Screens, StandInTheMiddleOfTheDisplay) {
+  const std::array<float, 4> displays[] = {{9600, 7200, -1200, -900},
+                                           {12000, 9000, 0, 0},
+                                           {12015, 9000, 7.5, 0},
+                                           {15360, 11520, 1680, 1260},
+                                           {28815, 16215, 8407.5, 3607.5}};
+  for (const auto& [width, height, left, top] : displays) {
+    tests::SimulatedProgram program;
+    platform::SimulatedDesktop& desktop = program.desktop;
+    desktop.display = {width, height};
+    desktop.frame = {.left = 60, .top = 405, .right = 60, .bottom = 75};
+    desktop.click("Titlefrm", "Label5");
+    EXPECT_EQ(desktop.widget("Startplay2", "Check3")->visible, width > 12000);
+    expectPlace(*desktop.find("Startplay2"), {(width - 5565) / 2, (height - 7050) / 2, 5565, 7050},
+                desktop.frame);
+    for (const char* large :
+         {"Wembickrules", "Wembickrules2", "Wembickrules2b", "tolvane", "tolvanecomputer"}) {
+      desktop.start(large);
+      expectPlace(*desktop.find(large), {left, top, 12000, 9000});
+      EXPECT_EQ(desktop.pointers.back(), platform::Pointer::Default);
+    }
+    // A frame that leaves a board too little room makes it grow evenly.
+    expectPlace(*desktop.find("tolvane"), {left, top, 12000, 9000}, {45, 480, 60, 75});
+    expectPlace(*desktop.find("tolvane"), {left - 97.5F, top - 52.5F, 12195, 9105}, {150, 600, 150, 60});
+  }
+}
+
+TEST(Screens, GoOnWithoutTheirPictures) {
+  tests::SimulatedProgram program;
+  for (const char* name : {"opening", "logo2", "anchor", "start"}) {
+    program.desktop.pictures["Images\\" + std::string(name) + ".jpg"] = std::nullopt;
+    program.desktop.pictures["images\\" + std::string(name) + ".jpg"] = std::nullopt;
+  }
+  program.desktop.click("Titlefrm", "Label5");
+  expectPlace(*program.desktop.find("Startplay2"), {3600, 3180, 12000, 9000});
+  EXPECT_FALSE(program.desktop.widget("Startplay2", "Check3")->visible);
+  program.desktop.click("Startplay2", "Label6");
+  EXPECT_EQ(program.desktop.widget("Wembickrules", "Image1")->picture, "");
+  program.desktop.click("Startplay2", "Label3(0)");
+  expectPlace(*program.desktop.find("Titlefrm"), {3600, 3180, 12000, 9000});
+  program.openBoard(2);
+  EXPECT_EQ(program.icon(3).picture + program.icon(4).picture, "Images\\cargo2.jpg");
+}
+
+TEST(TryItOut, RollsAndSettlesToTheMillisecond) {
+  for (const int soundOn : {1, 0}) {
+    tests::SimulatedProgram program;
+    program.options.soundOn = soundOn;
+    program.board = "Wembickrules2";
+    program.desktop.start(program.board);
+    const auto throwDice = [&](const std::deque<double>& script, const char* faces, bool greyed) {
+      program.desktop.chance().script = script;
+      program.click("Label2");
+      EXPECT_EQ(program.heard(), soundOn == 1 ? "cupdice" : "");
+      program.watchThrow("-----", faces, "hhhhh", soundOn == 1 ? 1200 : 100, soundOn == 1 ? 1500 : 300, [&] {
+        for (std::size_t i = 0; i < 5; ++i)
+          ASSERT_EQ(program.die(i).enabled, !greyed || program.faces() != "-----");
+      });
+      EXPECT_EQ(program.desktop.nextTick(), std::nullopt);
+    };
+    throwDice({0, 0.015, 0.99, 0, 0.015, 0.7, 0}, "16151", true);  // A die not drawn shows a 1.
+    program.desktop.chance().script = {0, 0, 0.015, 0.6, 0, 0};
+    program.click("Label2");
+    program.desktop.advance(soundOn == 1 ? 2100 : 900);
+    EXPECT_EQ(program.faces().substr(0, 3), "164");
+    program.heard();
+    // Clicked in mid-throw: what was drawn then is kept.
+    throwDice({0.015, 0.2, 0, 0, 0, 0}, "26451", false);
+    program.click("Label3(1)");
+    program.desktop.click("Wembickrules2b", "Label3(2)");
+    EXPECT_TRUE(program.faces() == "-----" && !program.die(0).enabled);
+  }
+}
