@@ -28,7 +28,7 @@ def until(what, seconds=10, every=0.05):
 
 class Player:
     def __init__(self, program, size="1280x1024x24", **environment):
-        self.program = program
+        self.program = Path(program).resolve()
         self.folder = Path(tempfile.mkdtemp(prefix="tolvane-"))
         for name in ("Images", "wav", "Tolvane Rules.doc"):
             (self.folder / name).symlink_to(ROOT / name)
@@ -59,8 +59,7 @@ class Player:
                               timeout=30).stdout
 
     def start(self):
-        self.game = subprocess.Popen([self.program], cwd=self.folder, env=self.environment,
-                                     stderr=subprocess.DEVNULL)
+        self.game = subprocess.Popen([self.program], cwd=self.folder, env=self.environment)
         self.find_window(363)
 
     def find_window(self, width):

@@ -98,7 +98,6 @@ void ScreenWindow::place() {
 }
 
 bool ScreenWindow::event(QEvent* event) {
-  const bool handled = QWidget::event(event);
   // The window system tells what its frame is like only once a window is on the display.
   if (screen_ && screen_->frame == Frame::TitleBar && isVisible() && windowHandle()) {
     const QMargins frame = windowHandle()->frameMargins();
@@ -107,7 +106,7 @@ bool ScreenWindow::event(QEvent* event) {
       place();
     }
   }
-  return handled;
+  return QWidget::event(event);  // The last thing: the event may be this window's end.
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
