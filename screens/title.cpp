@@ -16,8 +16,8 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
 
   // The panel reaches a little beyond the window's left and top edge; all else has its place within the
   // panel.
-  constexpr Box panel{-30, -120, 5640, 6720};
-  const auto within = [panel](Box box) {
+  static constexpr Box panel{-30, -120, 5640, 6720};
+  const auto within = [](Box box) {
     return Box{box.left + panel.left, box.top + panel.top, box.width, box.height};
   };
   add(Frame1, "Frame1", label(panel, arial(12), yellow));

@@ -26,7 +26,7 @@ void SimulatedDesktop::advance(int milliseconds) {
 
 bool SimulatedDesktop::click(std::string_view screen, std::string_view name) {
   Widget* clicked = widget(screen, name);
-  return clicked && click(now_, *clicked);
+  return clicked != nullptr && click(now_, *clicked);
 }
 
 void SimulatedDesktop::moveMouse(std::string_view screen, std::string_view name, MouseEvent event) {

@@ -49,21 +49,21 @@ class SimulatedDesktop final : public Desktop {
 
   using Desktop::click;
 
-  /// Clicks a widget of an open screen as a person would. False when there is nothing to click there: the
-  /// screen is not open, or the widget is hidden, disabled or deaf to clicks.
-  bool click(std::string_view screen, std::string_view widget);
+  /// Clicks the widget of this name ("Label2(3)") on an open screen as a person would. False when there is
+  /// nothing to click there: the screen is not open, or the widget is hidden, disabled or deaf to clicks.
+  bool click(std::string_view screen, std::string_view name);
 
   /// Moves the mouse over a widget with these buttons held; x and y in twips from the widget's top left
   /// corner.
-  void moveMouse(std::string_view screen, std::string_view widget, MouseEvent event);
+  void moveMouse(std::string_view screen, std::string_view name, MouseEvent event);
 
   /// Lets a mouse button go over a widget.
-  void releaseMouse(std::string_view screen, std::string_view widget, MouseEvent event = {});
+  void releaseMouse(std::string_view screen, std::string_view name, MouseEvent event = {});
 
   /// Closes a screen with its window's own close control.
   void closeWindow(std::string_view screen);
 
-  /// The widget of this name ("Label2(3)") on an open screen; null where there is none.
+  /// The widget of this name on an open screen; null where there is none.
   Widget* widget(std::string_view screen, std::string_view name) const;
 
   Size displaySize() const override { return display; }
