@@ -5,9 +5,9 @@
 #include "platform/qt/qt_desktop.h"
 
 int main(int argc, char** argv) {
-  // The game places and stacks its own windows, which only X11 lets it do.
+  // The game places and stacks its own windows, which only X11 lets it do; Wayland is better than nothing.
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
+    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   }
   const QApplication application(argc, argv);
   QIcon icon;

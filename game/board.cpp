@@ -1,7 +1,5 @@
 #include "game/board.h"
 
-#include <algorithm>
-
 #include "game/look.h"
 #include "game/saved_game.h"
 #include "game/scoring.h"
@@ -128,7 +126,7 @@ void tolvane::load() {
 
 void tolvane::layOutTotals() {
   const auto playing = static_cast<std::size_t>(options_.playerCount);
-  if (playing >= totalsLeft.size()) return;
+  if (playing < 2 || playing >= totalsLeft.size()) return;
   for (std::size_t seat = 0; seat < seats.size(); ++seat) {
     Label5[seat].visible = seat < playing;
     if (seat < playing) Label5[seat].left = totalsLeft[playing][seat];

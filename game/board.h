@@ -38,8 +38,11 @@ class tolvane : public platform::Screen {
   virtual void layOutTotals();
   /// Shows the totals that the board opens with.
   virtual void showTotals();
+  /// Whether a click on Throw Dice is heard.
   virtual bool mayThrow() const;
+  /// The mouse moves over a die: drags it, if it may be dragged.
   virtual void dieMouseMove(std::size_t die, const platform::MouseEvent& mouse);
+  /// A mouse button is released over a die: drops it where an icon or the home row catches it.
   virtual void dieMouseUp(std::size_t die);
   /// A seat's turn begins: after the hand-over, or on a resumed board.
   virtual void beginTurn() {}

@@ -111,9 +111,10 @@ void Desktop::destroyClosed() {
   closed_.clear();
 }
 
-bool loadPicture(Desktop& desktop, Widget& widget, std::string_view path) {
-  widget.picture = desktop.pictureSize(path) ? path : std::string_view();
-  return !widget.picture.empty();
+std::optional<Size> loadPicture(Desktop& desktop, Widget& widget, std::string_view path) {
+  const std::optional<Size> own = desktop.readPicture(path);
+  widget.picture = own ? path : std::string_view();
+  return own;
 }
 
 }  // namespace platform

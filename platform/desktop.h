@@ -67,9 +67,10 @@ class Desktop {
   /// What the desktop puts around a screen with a title bar, as far as it is known yet.
   virtual FrameExtents titleBarFrame() const = 0;
 
-  /// The own size in twips of the picture called `path`: its pixels over its stated resolution, or over 96
-  /// dots per inch when it states none. Nothing when there is no such picture or it cannot be read.
-  virtual std::optional<Size> pictureSize(std::string_view path) = 0;
+  /// Reads the picture called `path`, to be drawn by widgets that show it. Its own size in twips: its pixels
+  /// over its stated resolution, or over 96 dots per inch when it states none. Nothing when there is no such
+  /// picture or it cannot be read.
+  virtual std::optional<Size> readPicture(std::string_view path) = 0;
 
   /// Starts the sound file and returns at once; a sound still playing is cut off. The desktop's alert is
   /// heard when the file cannot be played, nothing when there is no sound device.
@@ -132,8 +133,8 @@ class Desktop {
   Moment moment_{};                              // When the running handler's event happened.
 };
 
-/// Gives `widget` the picture called `path`; leaves it without one, and returns false, where that cannot be
-/// read.
-bool loadPicture(Desktop& desktop, Widget& widget, std::string_view path);
+/// Gives `widget` the picture called `path` and returns the picture's own size; leaves the widget without
+/// one, and returns nothing, where that cannot be read.
+std::optional<Size> loadPicture(Desktop& desktop, Widget& widget, std::string_view path);
 
 }  // namespace platform

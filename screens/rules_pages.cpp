@@ -215,10 +215,10 @@ void RulesPage::addNavigation(std::size_t index, const Box& box, std::string_vie
 
 void RulesPage::load() {
   fitscreen(desktop(), *this);
-  if (!loadPicture(desktop(), Image1, design_.picture)) return;
-  const platform::Size own = desktop().pictureSize(design_.picture).value_or(platform::Size{});
-  Image1.width = own.width;
-  Image1.height = own.height;
+  if (const auto own = loadPicture(desktop(), Image1, design_.picture)) {
+    Image1.width = own->width;
+    Image1.height = own->height;
+  }
 }
 
 void RulesPage::play(std::string_view sound) {

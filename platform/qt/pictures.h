@@ -1,4 +1,4 @@
-// Pictures from files, kept as long as the program runs.
+// Pictures from files.
 #pragma once
 
 #include <QImage>
@@ -14,19 +14,17 @@ namespace platform::qt {
 
 class Pictures {
  public:
-  /// The own size of a picture in twips; nothing when it cannot be read.
-  std::optional<Size> ownSize(std::string_view path);
+  /// Reads a picture, anew if it was read before. Its own size in twips; nothing when it cannot be read.
+  std::optional<Size> load(std::string_view path);
 
-  /// A picture at exactly this many pixels; a null pixmap when it cannot be read.
+  /// A picture that was loaded, at exactly this many pixels; a null pixmap when it was not.
   const QPixmap& scaledTo(std::string_view path, QSize pixels);
 
  private:
   struct Picture {
     QImage image;
-    QPixmap scaled;  // As it w: a picture stands in one box.
+    QPixmap scaled;  // As it was last drawn: a picture stands in one box, so one size is enough.
   };
-
-  Picture& picture(std::string_view path);
 
   std::map<std::string, Picture, std::less<>> pictures_;
 };

@@ -1,8 +1,10 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QDesktopServices>
 #include <QFileInfo>
+#include <QMouseEvent>
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
@@ -17,6 +19,7 @@ FrameExtents extents(const QMargins& frame) {
 }
 
 QtDesktop::QtDesktop() {
+  QCoreApplication::setAttribute(Qt::AA_Use96Dpi);    // For pictures that state no resolution.
   QGuiApplication::setQuitOnLastWindowClosed(false);  // Only a backdrop left counts as well; see `handle`.
   clock_.start();
   ticker_.setTimerType(Qt::PreciseTimer);
@@ -45,8 +48,8 @@ FrameExtents QtDesktop::titleBarFrame() const {
   return extents(titleBar_);
 }
 
-std::optional<Size> QtDesktop::pictureSize(std::string_view path) {
-  return pictures_.ownSize(path);
+std::optional<Size> QtDesktop::readPicture(std::string_view path) {
+  return pictures_.load(path);
 }
 
 void QtDesktop::playSound(std::string_view path) {
@@ -85,14 +88,21 @@ void QtDesktop::clickWidget(Widget& widget) {
   armTicker();
 }
 
+bool QtDesktop::cameTooLate(const QMouseEvent& press) const {
+  const QPoint moved = press.globalPosition().toPoint() - pointerThen_;
+  return sinceShown_.elapsed() < QApplication::doubleClickInterval() &&
+         moved.manhattanLength() < QApplication::startDragDistance();
+}
+
 void QtDesktop::present(Screen& screen) {
   ScreenWindow*& window = windows_[&screen];
-  if (!window) window = new ScreenWindow(*this, screen);
-  const Screen* backdrop = nullptr;
-  for (const auto& open : openScreens()) {
-    if (open->frame == Frame::Backdrop) backdrop = open.get();
+  if (!window) {
+    window = new ScreenWindow(*this, screen);
+    sinceShown_.start();
+    pointerThen_ = QCursor::pos();
+    backdropIsNew_ = backdropIsNew_ || screen.frame == Frame::Backdrop;
   }
-  window->present(backdrop ? windows_.at(backdrop) : nullptr);
+  window->present(backdrop());
 }
 
 void QtDesktop::dismiss(Screen& screen) {
@@ -103,7 +113,19 @@ void QtDesktop::dismiss(Screen& screen) {
 }
 
 void QtDesktop::refresh(Screen& screen) {
-  windows_.at(&screen)->refresh();
+  ScreenWindow* window = windows_.at(&screen);
+  window->refresh();
+  if (!backdropIsNew_) return;
+  // What was open before the backdrop belongs in front of it as well, in its order.
+  window->present(backdrop());
+  if (&screen == openScreens().back().get()) backdropIsNew_ = false;
+}
+
+ScreenWindow* QtDesktop::backdrop() const {
+  for (const auto& open : openScreens()) {
+    if (open->frame == Frame::Backdrop) return windows_.at(open.get());
+  }
+  return nullptr;
 }
 
 Moment QtDesktop::now() const {

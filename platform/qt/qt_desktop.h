@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QMargins>
+#include <QPoint>
 #include <QTimer>
 #include <functional>
 #include <map>
@@ -28,7 +29,7 @@ class QtDesktop final : public Desktop {
 
   Size displaySize() const override;
   FrameExtents titleBarFrame() const override;
-  std::optional<Size> pictureSize(std::string_view path) override;
+  std::optional<Size> readPicture(std::string_view path) override;
   void playSound(std::string_view path) override;
   void openDocument(std::string_view target) override;
   void setPointer(Pointer pointer) override;
@@ -41,6 +42,10 @@ class QtDesktop final : public Desktop {
   void run(const std::function<void()>& handler);
   void clickWidget(Widget& widget);
 
+  /// Whether a press is the second of a double click whose first has brought up another screen under the
+  /// pointer. It is nobody's: the screen it was meant for has gone.
+  bool cameTooLate(const QMouseEvent& press) const;
+
   Pictures& pictures() { return pictures_; }
   QMargins titleBarMargins() const { return titleBar_; }
   void learnTitleBarMargins(const QMargins& frame) { titleBar_ = frame; }
@@ -52,6 +57,7 @@ class QtDesktop final : public Desktop {
 
   Moment now() const;
   void armTicker();
+  ScreenWindow* backdrop() const;  // Null where there is none.
 
   QElapsedTimer clock_;
   QTimer ticker_;  // Wakes for the next tick of any screen's timer.
@@ -60,6 +66,9 @@ class QtDesktop final : public Desktop {
   SoundPlayer sounds_;
   QMargins titleBar_;
   std::map<const Screen*, ScreenWindow*> windows_;
+  QElapsedTimer sinceShown_;    // How long the newest screen has been there...
+  QPoint pointerThen_;          // ...and where the mouse was when it came.
+  bool backdropIsNew_ = false;  // It was shown by the running handler.
 };
 
 }  // namespace platform::qt

@@ -65,6 +65,7 @@ void ScreenWindow::raiseInDrawingOrder() {
 
 void ScreenWindow::present(ScreenWindow* backdrop) {
   if (this == backdrop) {
+    setGeometry(QGuiApplication::primaryScreen()->geometry());  // Where no window manager does it.
     showFullScreen();
     return;
   }

@@ -5,7 +5,7 @@
 #include <QAudioSink>
 #include <QBuffer>
 #include <QMediaDevices>
-#include <map>
+#include <cstdlib>
 #include <memory>
 
 #include "platform/files.h"
@@ -22,15 +22,19 @@ class SoundPlayer::Worker final : public QObject {
  public:
   explicit Worker(SoundPlayer& player) : player_(player) {}
 
-  void play(const QString& path) {
+  void play(const QString& name) {
     sink_.reset();  // Silences what it was playing.
-    const std::optional<WaveFile>& sound = soundFrom(path);
+    std::optional<WaveFile> sound =
+        readWaveFile(QString::fromStdString(fileNamed(name.toStdString()).string()));
     if (!sound) {
       emit player_.failed();
       return;
     }
     const QAudioDevice device = QMediaDevices::defaultAudioOutput();
     if (device.isNull()) return;
+    constexpr int silence = 500000;  // Microseconds.
+    const char zero = sound->format.sampleFormat() == QAudioFormat::UInt8 ? '\x80' : '\0';
+    sound->samples.append(sound->format.bytesForDuration(silence), zero);
     samples_.close();
     samples_.setData(sound->samples);
     samples_.open(QIODevice::ReadOnly);
@@ -42,20 +46,7 @@ class SoundPlayer::Worker final : public QObject {
   }
 
  private:
-  const std::optional<WaveFile>& soundFrom(const QString& path) {
-    const auto known = sounds_.find(path);
-    if (known != sounds_.end()) return known->second;
-    std::optional<WaveFile> sound = readWaveFile(path);
-    if (sound) {
-      constexpr int silence = 500000;  // Microseconds.
-      const char zero = sound->format.sampleFormat() == QAudioFormat::UInt8 ? '\x80' : '\0';
-      sound->samples.append(sound->format.bytesForDuration(silence), zero);
-    }
-    return sounds_.emplace(path, std::move(sound)).first->second;
-  }
-
   SoundPlayer& player_;
-  std::map<QString, std::optional<WaveFile>> sounds_;
   QBuffer samples_{this};
   std::unique_ptr<QAudioSink> sink_;
 };
@@ -66,12 +57,13 @@ SoundPlayer::SoundPlayer() {
 
 SoundPlayer::~SoundPlayer() {
   thread_.quit();
-  thread_.wait();
+  // A sound device that does not answer must not keep the program from ending; there is nothing left to save.
+  if (!thread_.wait(2000)) std::_Exit(EXIT_FAILURE);
 }
 
 void SoundPlayer::play(std::string_view path) {
   if (!thread_.isRunning()) start();
-  emit requested(QString::fromStdString(fileNamed(path).string()));
+  emit requested(QString::fromUtf8(path.data(), static_cast<qsizetype>(path.size())));
 }
 
 void SoundPlayer::start() {

@@ -20,7 +20,7 @@ class SoundPlayer final : public QObject {
   void play(std::string_view path);
 
  signals:
-  void requested(const QString& file);
+  void requested(const QString& name);
   void failed();
 
  private:

@@ -1,11 +1,13 @@
 #include "platform/qt/views.h"
 
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPushButton>
 #include <cmath>
+#include <utility>
 
 #include "platform/qt/qt_desktop.h"
 
@@ -18,7 +20,7 @@ QColor colour(Colour from) {
 }
 
 /// What is disabled fades towards grey.
-QColor colourOf(Colour from, bool enabled) {
+QColor fadedUnless(bool enabled, Colour from) {
   if (enabled) return colour(from);
   const auto faded = [](int channel) { return (2 * channel + 3 * 128) / 5; };
   return {faded(from.red), faded(from.green), faded(from.blue)};
@@ -59,7 +61,7 @@ void paintTick(QPainter& painter, const Appearance& look, QRectF box) {
 void paint(QWidget& view, const Appearance& look, Pictures& pictures, ButtonState state = {}) {
   QPainter painter(&view);
   QRectF box = view.rect();
-  if (look.background) painter.fillRect(box, colourOf(*look.background, look.enabled));
+  if (look.background) painter.fillRect(box, fadedUnless(look.enabled, *look.background));
   if (!look.picture.empty()) {
     const qreal scale = view.devicePixelRatioF();
     painter.drawPixmap(box, pictures.scaledTo(look.picture, (box.size() * scale).toSize()), QRectF());
@@ -69,7 +71,7 @@ void paint(QWidget& view, const Appearance& look, Pictures& pictures, ButtonStat
     painter.setPen(QPen(colour(look.borderColour), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2));
   }
-  const QColor ink = colourOf(look.textColour, look.enabled);
+  const QColor ink = fadedUnless(look.enabled, look.textColour);
   if (state.focused) {
     painter.setPen(QPen(ink, 1, Qt::DotLine));
     painter.drawRect(box.adjusted(2.5, 2.5, -2.5, -2.5));
@@ -102,7 +104,10 @@ class LabelView final : public QLabel {
   void paintEvent(QPaintEvent* /*event*/) override { paint(*this, widget_, desktop_.pictures()); }
 
   // Taken, so that the moves and the release come here even when the pointer leaves.
-  void mousePressEvent(QMouseEvent* event) override { event->accept(); }
+  void mousePressEvent(QMouseEvent* event) override {
+    event->accept();
+    pressed_ = !desktop_.cameTooLate(*event);
+  }
 
   void mouseMoveEvent(QMouseEvent* event) override {
     if (!widget_.onMouseMove) return;
@@ -110,6 +115,7 @@ class LabelView final : public QLabel {
   }
 
   void mouseReleaseEvent(QMouseEvent* event) override {
+    if (!std::exchange(pressed_, event->buttons() != Qt::NoButton)) return;
     if (widget_.onMouseUp) {
       desktop_.run([this, mouse = overWidget(*event)] { widget_.onMouseUp(mouse); });
     } else if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
@@ -133,6 +139,7 @@ class LabelView final : public QLabel {
 
   QtDesktop& desktop_;
   Widget& widget_;
+  bool pressed_ = false;  // A button went down here and is still held.
 };
 
 /// A button or a check box: real to the keyboard and to screen readers, drawn like everything else.
@@ -148,6 +155,18 @@ class ButtonView final : public Button {
  private:
   void paintEvent(QPaintEvent* /*event*/) override {
     paint(*this, widget_, desktop_.pictures(), {this->isDown(), this->hasFocus()});
+  }
+
+  void mousePressEvent(QMouseEvent* event) override {
+    if (!desktop_.cameTooLate(*event)) Button::mousePressEvent(event);
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+      this->click();
+    } else {
+      Button::keyPressEvent(event);
+    }
   }
 
   bool hitButton(const QPoint& at) const override { return this->rect().contains(at); }
@@ -241,6 +260,8 @@ void View::show(bool all) {
   const Appearance before = std::exchange(drawn_, widget_);
   shown_->setGeometry(placeOf(widget_));
   shown_->setVisible(widget_.visible);
+  // Qt would hand the keyboard on to the next button; on a board that is New Game.
+  if (!widget_.enabled && shown_->hasFocus()) shown_->window()->setFocus();
   shown_->setEnabled(widget_.enabled);
   // Only a move: the pixels come along.
   Appearance moved = before;

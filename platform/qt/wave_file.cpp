@@ -46,8 +46,8 @@ std::optional<WaveFile> readWaveFile(const QString& path) {
     quint32 size = 0;
     sizes >> size;
     if (sizes.status() != QDataStream::Ok) return std::nullopt;
+    if (size > file.bytesAvailable()) return std::nullopt;
     const QByteArray chunk = file.read(size);
-    if (chunk.size() != size) return std::nullopt;
     if (name == "fmt ") format = formatFrom(chunk);
     if (name == "data") return format ? std::optional(WaveFile{*format, chunk}) : std::nullopt;
     file.skip(size % 2);  // Chunks begin at even places.

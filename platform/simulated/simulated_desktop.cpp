@@ -52,7 +52,7 @@ Widget* SimulatedDesktop::widget(std::string_view screen, std::string_view name)
   return found == widgets.end() ? nullptr : *found;
 }
 
-std::optional<Size> SimulatedDesktop::pictureSize(std::string_view path) {
+std::optional<Size> SimulatedDesktop::readPicture(std::string_view path) {
   const auto listed = pictures.find(path);
   return listed == pictures.end() ? Size{1500, 1500} : listed->second;
 }

@@ -68,7 +68,7 @@ class SimulatedDesktop final : public Desktop {
 
   Size displaySize() const override { return display; }
   FrameExtents titleBarFrame() const override { return frame; }
-  std::optional<Size> pictureSize(std::string_view path) override;
+  std::optional<Size> readPicture(std::string_view path) override;
   void playSound(std::string_view path) override { sounds.emplace_back(path); }
   void openDocument(std::string_view target) override { documents.emplace_back(target); }
   void setPointer(Pointer pointer) override { pointers.push_back(pointer); }

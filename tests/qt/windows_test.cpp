@@ -181,6 +181,32 @@ TEST_F(Program, ARollRepaintsTheDiceAlone) {
   }
 }
 
+TEST_F(Program, TheKeyboardNeverFallsIntoNewGame) {
+  openBoard(2);
+  QWidget& throwDice = view("tolvane", "Label2(3)");
+  throwDice.setFocus();
+  for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+    QTest::keyClick(&throwDice, key);
+    QTest::qWait(aWholeThrow);
+  }
+  EXPECT_FALSE(throwDice.isEnabled());
+  EXPECT_EQ(window("tolvane").focusWidget(), &window("tolvane"));
+}
+
+TEST_F(Program, ADoubleClickDoesNotReachTheNextScreen) {
+  open("Titlefrm");
+  const QPoint ok = view("Titlefrm", "Label5").mapToGlobal(QPoint(30, 14));
+  QCursor::setPos(ok);
+  click("Titlefrm", "Label5");
+  QWidget& link = view("Startplay2", "Label1(1)");
+  link.window()->move(link.window()->pos() + ok - link.mapToGlobal(QPoint(20, 20)));
+  QTest::mouseClick(&link, Qt::LeftButton, {}, QPoint(20, 20));
+  EXPECT_NE(desktop.find("Startplay2"), nullptr);
+  QTest::qWait(QApplication::doubleClickInterval());
+  QTest::mouseClick(&link, Qt::LeftButton, {}, QPoint(20, 20));
+  EXPECT_NE(desktop.find("tolvane"), nullptr);
+}
+
 TEST_F(Program, ButtonsAndBoxesAnswerKeyboardAndScreenReader) {
   open("Startplay2");
   auto& box = dynamic_cast<QAbstractButton&>(view("Startplay2", "Check1"));
