@@ -45,14 +45,20 @@ class Board(Player):
         counter = self.see(432, self.row - 120, 225, 49)
         return (counter == BOARD).all()
 
+    def gather(self):
+        """Drags all dice back to the row."""
+        for icon in range(5):
+            while self.taken(icon):
+                self.drag((216, 128 + 80 * icon), (384, self.row + 32))
+
     def finish_turn(self):
         for _ in range(3):
             self.throw()
-        for icon in range(5):
-            if self.turn_over():
-                return
-            if not self.taken(icon):
-                assert any(self.die_at_home(die) and self.put(die, icon) for die in range(5)), icon
+        if self.turn_over():
+            return
+        self.gather()
+        for icon in range(5):  # A 6, a 5 and a 4 are there, so every icon finds its die.
+            assert any(self.die_at_home(die) and self.put(die, icon) for die in range(5)), icon
         assert self.turn_over()
 
     def dice_turn(self, colour):
@@ -77,8 +83,6 @@ def three_players(player):
     refused = [die for die in (0, 1, 3, 4) if not player.put(die, 0)]
     assert refused or player.taken(0)
     assert all(player.die_at_home(die) for die in refused), "a refused die goes home"
-    if player.taken(0):
-        player.drag((216, 128), (384, 400))  # Back to the row, so that the turn ends as any turn does.
     player.finish_turn()
     player.dice_turn(MAGENTA)
     player.throw()
