@@ -74,7 +74,7 @@ struct Appearance {
 /// The mouse over a widget. While a button pressed on a widget is held, that widget receives the events.
 struct MouseEvent {
   int buttons = 0;  ///< Bit mask of the buttons held: 1 left, 2 right, 4 middle.
-  int shift = 0;    ///< Bit mask of the keys held: 1 Shift, 2 Ctrl, 4 Alt.
+  int shift = 0;    ///< Bit mask of the keys held: 1 Shift, 2 Ctrl, 4 Alt. No screen asks for them yet.
   float x = 0;      ///< Twips from the widget's left edge; may lie outside the widget.
   float y = 0;      ///< Twips from the widget's top edge.
 };
