@@ -16,8 +16,7 @@ namespace platform::qt {
 /// Lives on the sound thread.
 ///
 /// Qt's player of short sounds stops the device as soon as it has handed over the last sample, which silences
-/// what is still on its way: of a click that is all there is. So each sound is given a stretch of silence to
-/// lose.
+/// what is still on its way: of a click, most of it. So each sound is given a stretch of silence to lose.
 class SoundPlayer::Worker final : public QObject {
  public:
   explicit Worker(SoundPlayer& player) : player_(player) {}
