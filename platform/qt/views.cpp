@@ -201,6 +201,12 @@ QWidget* makeView(QtDesktop& desktop, Widget& widget, QWidget& parent) {
   return new LabelView(desktop, widget, parent);
 }
 
+bool differOnlyInPlace(Appearance before, const Appearance& now) {
+  before.left = now.left;
+  before.top = now.top;
+  return before == now;
+}
+
 void setText(QWidget& view, const QString& text) {
   if (auto* label = qobject_cast<QLabel*>(&view)) label->setText(text);
   if (auto* button = qobject_cast<QAbstractButton*>(&view)) button->setText(text);
@@ -249,28 +255,22 @@ qreal layOutText(QTextLayout& text, const Appearance& look) {
 View::View(QtDesktop& desktop, Widget& widget, QWidget& parent)
     : widget_(widget), shown_(makeView(desktop, widget, parent)) {
   shown_->setObjectName(QString::fromStdString(widget.name));
-  show(true);
+  refresh();
 }
 
 void View::refresh() {
-  if (static_cast<const Appearance&>(widget_) != drawn_) show(false);
-}
-
-void View::show(bool all) {
-  const Appearance before = std::exchange(drawn_, widget_);
-  shown_->setGeometry(placeOf(widget_));
-  shown_->setVisible(widget_.visible);
+  const Appearance& look = widget_;
+  if (drawn_ == look) return;
+  const std::optional<Appearance> before = std::exchange(drawn_, look);
+  shown_->setGeometry(placeOf(look));
+  shown_->setVisible(look.visible);
   // Qt would hand the keyboard on to the next button; on a board that is New Game.
-  if (!widget_.enabled && shown_->hasFocus()) shown_->window()->setFocus();
-  shown_->setEnabled(widget_.enabled);
-  // Only a move: the pixels come along.
-  Appearance moved = before;
-  moved.left = widget_.left;
-  moved.top = widget_.top;
-  if (!all && moved == drawn_) return;
-  shown_->setAttribute(Qt::WA_OpaquePaintEvent, widget_.background.has_value());
-  setText(*shown_, QString::fromStdString(widget_.text));
-  if (auto* box = qobject_cast<QCheckBox*>(shown_)) box->setChecked(widget_.checked);
+  if (!look.enabled && shown_->hasFocus()) shown_->window()->setFocus();
+  shown_->setEnabled(look.enabled);
+  if (before && differOnlyInPlace(*before, look)) return;  // The pixels come along.
+  shown_->setAttribute(Qt::WA_OpaquePaintEvent, look.background.has_value());
+  setText(*shown_, QString::fromStdString(look.text));
+  if (auto* box = qobject_cast<QCheckBox*>(shown_)) box->setChecked(look.checked);
   shown_->update();
 }
 

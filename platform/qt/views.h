@@ -3,6 +3,7 @@
 
 #include <QTextLayout>
 #include <QWidget>
+#include <optional>
 
 #include "platform/widget.h"
 
@@ -36,11 +37,9 @@ class View {
   const Widget& widget() const { return widget_; }
 
  private:
-  void show(bool all);
-
   Widget& widget_;
-  Appearance drawn_;
-  QWidget* shown_;  // Owned by its Qt parent.
+  std::optional<Appearance> drawn_;  // As it was last shown; nothing before the first time.
+  QWidget* shown_;                   // Owned by its Qt parent.
 };
 
 }  // namespace platform::qt

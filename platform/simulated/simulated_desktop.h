@@ -30,8 +30,8 @@ class SimulatedDesktop final : public Desktop {
   // What the display is like.
   Size display{19200, 15360};
   FrameExtents frame{};
-  std::map<std::string, std::optional<Size>, std::less<>>
-      pictures;  ///< Pictures not listed load, 1500 by 1500.
+  /// Their own sizes, or nothing for those that cannot be read; any other picture is 1500 by 1500.
+  std::map<std::string, std::optional<Size>, std::less<>> pictures;
 
   // What the game asked for, in order.
   std::vector<std::string> sounds;
