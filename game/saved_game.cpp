@@ -4,16 +4,15 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <system_error>
+
+#include "platform/files.h"
 
 namespace game {
 
 namespace {
 
-constexpr const char* fileName = "lastgame.inf";
+constexpr std::string_view fileName = "lastgame.inf";
 
 // More than ten lines with the widest numbers and generous blanks can need.
 constexpr std::size_t longestFile = 4096;
@@ -52,12 +51,6 @@ bool within(int value, int least, int most) {
   return least <= value && value <= most;
 }
 
-// Only an ordinary file, or none yet, is opened: a pipe of that name would hold the program up.
-bool isOrdinaryFile(const std::filesystem::path& path) {
-  std::error_code failure;
-  return std::filesystem::is_regular_file(path, failure);
-}
-
 }  // namespace
 
 std::string savedGameText(const SavedGame& game) {
@@ -89,18 +82,12 @@ bool isPlayable(const SavedGame& game) {
 }
 
 void save(const SavedGame& game) {
-  std::error_code failure;
-  if (std::filesystem::exists(fileName, failure) && !isOrdinaryFile(fileName)) return;
-  std::ofstream(fileName, std::ios::binary | std::ios::trunc) << savedGameText(game);
+  platform::writeFile(fileName, savedGameText(game));
 }
 
 bool restore(SavedGame& game) {
-  if (!isOrdinaryFile(fileName)) return false;
-  std::ifstream file(fileName, std::ios::binary);
-  std::string text(longestFile, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<std::size_t>(file.gcount()));
-  return readSavedGame(text, game) && isPlayable(game);
+  const auto text = platform::readFile(fileName, longestFile);
+  return text && readSavedGame(*text, game) && isPlayable(game);
 }
 
 }  // namespace game

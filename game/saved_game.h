@@ -31,8 +31,8 @@ bool isPlayable(const SavedGame& game);
 /// Replaces the file. What could not be written is not reported.
 void save(const SavedGame& game);
 
-/// Reads the file into `game` as `readSavedGame` does. False when there is no ordinary file of that name,
-/// when it cannot be read, or when what it holds is no game that could be played on.
+/// Reads the file into `game` as `readSavedGame` does. False when it cannot be read, or when what it holds is
+/// no game that could be played on.
 bool restore(SavedGame& game);
 
 }  // namespace game

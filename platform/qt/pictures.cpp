@@ -1,6 +1,6 @@
 #include "platform/qt/pictures.h"
 
-#include <QImageReader>
+#include <QByteArrayView>
 
 #include "platform/files.h"
 
@@ -9,11 +9,14 @@ namespace platform::qt {
 namespace {
 
 constexpr float twipsPerMetre = 1440 / 0.0254F;
+constexpr std::size_t largestFile = 16 << 20;
 
 }  // namespace
 
 std::optional<Size> Pictures::load(std::string_view path) {
-  QImage image = QImageReader(QString::fromStdString(fileNamed(path).string())).read();
+  const auto file = readFile(path, largestFile);
+  QImage image;
+  if (file) image.loadFromData(QByteArrayView(*file), "jpg");
   if (image.isNull()) return std::nullopt;
   const Size own{
       static_cast<float>(image.width()) / static_cast<float>(image.dotsPerMeterX()) * twipsPerMetre,
