@@ -7,6 +7,7 @@
 #include "screens/backdrop.h"
 #include "screens/options.h"
 #include "screens/rules_pages.h"
+#include "screens/shell/screen_names.h"
 #include "screens/title.h"
 
 namespace app {
@@ -14,21 +15,21 @@ namespace app {
 namespace {
 
 template <typename Screen, typename... Given>
-void add(platform::Desktop& desktop, const char* name, Given&... given) {
+void add(platform::Desktop& desktop, std::string_view name, Given&... given) {
   desktop.registerScreen(name, [&] { return std::make_unique<Screen>(desktop, given...); });
 }
 
 }  // namespace
 
 void registerScreens(platform::Desktop& desktop, game::GameOptions& options, game::GameState& state) {
-  add<screens::Titlefrm>(desktop, "Titlefrm", options, state);
-  add<screens::Startplay2>(desktop, "Startplay2", options);
-  add<screens::Grey>(desktop, "Grey");
-  add<game::tolvane>(desktop, "tolvane", options, state);
-  add<computer::tolvanecomputer>(desktop, "tolvanecomputer", options, state);
-  add<screens::Wembickrules>(desktop, "Wembickrules", options);
-  add<screens::Wembickrules2>(desktop, "Wembickrules2", options);
-  add<screens::Wembickrules2b>(desktop, "Wembickrules2b", options);
+  add<screens::Titlefrm>(desktop, shell::titleScreen, options, state);
+  add<screens::Startplay2>(desktop, shell::optionsScreen, options);
+  add<screens::Grey>(desktop, shell::backdrop);
+  add<game::tolvane>(desktop, shell::board, options, state);
+  add<computer::tolvanecomputer>(desktop, shell::computerBoard, options, state);
+  add<screens::Wembickrules>(desktop, shell::rulesPage1, options);
+  add<screens::Wembickrules2>(desktop, shell::rulesPage2, options);
+  add<screens::Wembickrules2b>(desktop, shell::rulesPage3, options);
 }
 
 }  // namespace app

@@ -7,7 +7,7 @@
 #include <cstdio>
 
 #include "platform/qt/qt_desktop.h"
-#include "screens/playwav.h"
+#include "screens/shell/playwav.h"
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
                                                                {sounds::shipbell, 2900}}) {
     QElapsedTimer clock;
     clock.start();
-    screens::playwav(desktop, request.sound);
+    shell::playwav(desktop, request.sound);
     longest = std::max(longest, clock.nsecsElapsed());
     QThread::msleep(request.wait);
   }

@@ -8,9 +8,9 @@
 namespace {
 
 struct Board {
-  platform::SimulatedDesktop desktop;
   game::GameOptions options{.playerCount = 2};
   game::GameState state;
+  platform::SimulatedDesktop desktop;
   explicit Board(const char* name) {
     app::registerScreens(desktop, options, state);
     desktop.start(name);

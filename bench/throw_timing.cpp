@@ -40,9 +40,9 @@ void wait(int milliseconds) {
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
-  platform::qt::QtDesktop desktop;
   game::GameOptions options{.playerCount = 4, .soundOn = 1};
   game::GameState state;
+  platform::qt::QtDesktop desktop;
   app::registerScreens(desktop, options, state);
   desktop.start("tolvane");
   QElapsedTimer clock;

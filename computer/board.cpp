@@ -1,6 +1,6 @@
 #include "computer/board.h"
 
-#include "game/look.h"
+#include "screens/shell/look.h"
 
 namespace computer {
 
@@ -15,9 +15,9 @@ constexpr float raisedBy = 120;
 
 tolvanecomputer::tolvanecomputer(platform::Desktop& desktop, game::GameOptions& options,
                                  game::GameState& state)
-    : tolvane(desktop, options, state, "tolvanecomputer") {
-  using namespace game::look;
-  for (platform::Widget* widget : {&Label2[throwDice], &Label8, &Label9, &Label10}) widget->top -= raisedBy;
+    : tolvane(desktop, options, state, shell::computerBoard) {
+  using namespace shell::look;
+  for (platform::Widget* widget : {&Label2[throwButton], &Label8, &Label9, &Label10}) widget->top -= raisedBy;
   for (std::size_t die = 0; die < game::diceCount; ++die) {
     Label4[die].top -= raisedBy;
     Label7[die].top -= raisedBy;

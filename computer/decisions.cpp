@@ -30,7 +30,7 @@ std::optional<Choice> decide(const std::array<int, game::diceCount>& faces,
                              const std::array<bool, game::diceCount>& atHome, const IconsTaken& iconTaken,
                              int throwCount) {
   for (std::size_t icon = ship; icon < crew; ++icon) {
-    const int wanted = 6 - static_cast<int>(icon);
+    const int wanted = game::icons[icon].takes - '0';
     const auto found = std::find(faces.begin(), faces.end(), wanted);
     if (iconTaken[icon] || found == faces.end()) continue;
     return Choice{static_cast<std::size_t>(found - faces.begin()), static_cast<IconKind>(icon)};

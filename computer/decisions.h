@@ -6,12 +6,13 @@
 #include <cstddef>
 #include <optional>
 
+#include "game/icons.h"
 #include "game/state.h"
 
 namespace computer {
 
 /// Which icons the computer has committed a die to in the current turn.
-using IconsTaken = std::array<bool, game::iconCount>;
+using IconsTaken = std::array<bool, game::icons.size()>;
 
 struct Choice {
   std::size_t die;

@@ -1,8 +1,8 @@
 // The computer's turn: throw, wait for the faces, set one die aside after another, throw again.
 
 #include "computer/board.h"
-#include "game/scoring.h"
-#include "screens/playwav.h"
+#include "game/numbers.h"
+#include "game/sound.h"
 
 namespace computer {
 

@@ -1,31 +1,17 @@
 #include "game/board.h"
 
-#include "game/look.h"
+#include "game/numbers.h"
 #include "game/saved_game.h"
-#include "game/scoring.h"
-#include "screens/fitscreen.h"
-#include "screens/playwav.h"
+#include "game/sound.h"
+#include "screens/shell/fitscreen.h"
+#include "screens/shell/look.h"
+#include "screens/shell/screen_names.h"
 
 namespace game {
 
 namespace {
 
 using platform::indexed;
-
-struct Icon {
-  std::string_view name;
-  std::string_view picture;
-  std::string_view value;  // What stands to its right: the face it takes; empty where any will do.
-  std::size_t valueLabel;  // The member of `Label3` that says so.
-};
-
-constexpr std::array<Icon, iconCount> icons{{
-    {"SHIP", R"(Images\wheel2.jpg)", "6", 9},
-    {"CAPTAIN", R"(Images\sextant.jpg)", "5", 8},
-    {"MATE", R"(Images\compass.jpg)", "4", 7},
-    {"CREW", R"(Images\anchor.jpg)", "", 0},
-    {"CARGO", R"(Images\cargo2.jpg)", "", 0},
-}};
 
 // The left edges of the totals: as many as there are seats in play, from left to right.
 constexpr std::array<std::array<float, seats.size()>, seats.size() + 1> totalsLeft{{
@@ -47,7 +33,7 @@ tolvane::tolvane(platform::Desktop& desktop, GameOptions& options, GameState& st
 }
 
 void tolvane::layOutWidgets() {
-  using namespace look;
+  using namespace shell::look;
   add(Shape1, "Shape1",
       {.left = 2520,
        .top = 1200,
@@ -55,7 +41,8 @@ void tolvane::layOutWidgets() {
        .height = 6255,
        .border = true,
        .borderColour = {128, 64, 0},
-       .borderWidth = 30});
+       .borderWidth = 30,
+       .role = platform::Role::Decoration});
   add(Image2, "Image2", picture({120, 120, 915, 1260}));
   add(Label1, "Label1", centred({4440, 120, 7455, 1095}, arial(36), orange, seats[0].toPlay));
   add(Label6, "Label6", centred({4440, 1320, 7455, 735}, arial(24), orange, "ROUND 1 OF 4"));
@@ -64,37 +51,47 @@ void tolvane::layOutWidgets() {
       hidden(centred({5280, 5400, 5775, 375}, arial(15.75F), platform::white,
                      "Drag the dice onto the ship symbols.")));
   add(Label9, "Label9", hidden(centred({5160, 6000, 6015, 735}, arial(30), platform::white)));
-  for (std::size_t i = 0; i < iconCount; ++i) {
+  for (std::size_t i = 0; i < icons.size(); ++i) {
     const float down = 1200 * static_cast<float>(i);
     add(Image1[i], indexed("Image1", i), picture({2760, 1440 + down, 975, 975}));
     add(Label3[i], indexed("Label3", i),
         label({120, 1680 + down, 2175, 735}, arial(24), platform::white, icons[i].name, Alignment::Right));
-    if (icons[i].value.empty()) continue;
+    if (icons[i].takes == anyFace) continue;
     add(Label3[icons[i].valueLabel], indexed("Label3", icons[i].valueLabel),
-        label({4200, 1680 + down, 495, 735}, arial(24), platform::white, icons[i].value));
+        label({4200, 1680 + down, 495, 735}, arial(24), platform::white, {&icons[i].takes, 1}));
   }
   for (std::size_t i = 0; i < seats.size(); ++i) {
     const Box box{totalsLeft[seats.size()][i], 6840, 1335, 675};
     add(Label5[i], indexed("Label5", i), tile(box, arial(27.75F), seats[i].colour, "0"));
   }
-  add(Label2[throwDice], "Label2(3)", button({5280, 3480, 5805, 615}, arialBold(24), orange, "Throw Dice"));
-  add(Label2[newGame], "Label2(4)", button({120, 7920, 2085, 495}, tahomaBold(15.75F), yellow, "New Game"));
+  add(Label2[throwButton], "Label2(3)", button({5280, 3480, 5805, 615}, arialBold(24), orange, "Throw Dice"));
+  add(Label2[newGameButton], "Label2(4)",
+      button({120, 7920, 2085, 495}, tahomaBold(15.75F), yellow, "New Game"));
   add(Label2[exitButton], "Label2(2)", button({10560, 7920, 1245, 495}, tahomaBold(15.75F), yellow, "Exit"));
   add(Label2[footerCaption], "Label2(0)", centred({2280, 8160, 8175, 285}, arialBold(12), yellow, footer));
   const auto home = [](std::size_t i) { return Box{5280 + 1200 * static_cast<float>(i), 4320, 975, 975}; };
   for (std::size_t i = 0; i < diceCount; ++i) {
     Appearance marker = label(home(i), arial(12), platform::black);
     marker.border = true;
+    marker.role = platform::Role::Decoration;
     add(Label7[i], indexed("Label7", i), marker);
   }
   for (std::size_t i = 0; i < diceCount; ++i) {
     add(Label4[i], indexed("Label4", i), tile(home(i), arial(39.75F), orange));
+    Label4[i].role = platform::Role::Piece;
+    Label4[i].tabStop = diceStop;
+    Image1[i].role = platform::Role::Piece;
+    Image1[i].textColour = platform::white;  // Of the keyboard's mark.
+    Image1[i].tabStop = iconsStop;
   }
+  Label2[throwButton].tabStop = throwStop;
+  Label2[newGameButton].tabStop = newGameStop;
+  Label2[exitButton].tabStop = exitStop;
   for (platform::Timer* timer : {&Timer1, &Timer2, &Timer5, &Timer8}) add(*timer);
 }
 
 void tolvane::connectHandlers() {
-  for (const std::size_t button : {exitButton, throwDice, newGame}) {
+  for (const std::size_t button : {exitButton, throwButton, newGameButton}) {
     Label2[button].onClick = [this, button] { clickButton(button); };
   }
   for (std::size_t die = 0; die < diceCount; ++die) {
@@ -108,10 +105,10 @@ void tolvane::connectHandlers() {
 }
 
 void tolvane::load() {
-  screens::fitscreen(desktop(), *this);
+  shell::fitscreen(desktop(), *this);
   background = {41, 65, 137};
   loadPicture(desktop(), Image2, R"(Images\logo3.jpg)");
-  for (std::size_t i = 0; i < iconCount; ++i) loadPicture(desktop(), Image1[i], icons[i].picture);
+  for (std::size_t i = 0; i < icons.size(); ++i) loadPicture(desktop(), Image1[i], icons[i].picture);
   layOutTotals();
   if (options_.restoreSavedGame == 0) {
     state_ = {.currentSeat = 0, .roundNumber = 1, .seatScore = {}};
@@ -142,8 +139,8 @@ void tolvane::showTotals() {
 void tolvane::clickButton(std::size_t button) {
   if (Timer1.enabled()) return;
   if (button == exitButton) leave();
-  if (button == throwDice && mayThrow()) throwdice();
-  if (button == newGame) startNewGame();
+  if (button == throwButton && mayThrow()) throwdice();
+  if (button == newGameButton) startNewGame();
 }
 
 void tolvane::startNewGame() {
@@ -171,13 +168,13 @@ void tolvane::leave() {
     }
     save(saved);
   }
-  desktop().show("Titlefrm");
+  desktop().show(shell::titleScreen);
   desktop().unload(name());
   play(sounds::click1);
 }
 
 void tolvane::play(std::string_view sound) {
-  if (options_.soundOn == 1) screens::playwav(desktop(), sound);
+  game::play(desktop(), options_, sound);
 }
 
 }  // namespace game

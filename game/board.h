@@ -7,16 +7,18 @@
 #include <array>
 #include <string_view>
 
+#include "game/icons.h"
 #include "game/options.h"
 #include "game/state.h"
 #include "platform/desktop.h"
+#include "screens/shell/screen_names.h"
 
 namespace game {
 
 class tolvane : public platform::Screen {
  public:
   tolvane(platform::Desktop& desktop, GameOptions& options, GameState& state,
-          std::string_view name = "tolvane");
+          std::string_view name = shell::board);
 
   /// Opens the board: for a fresh game, or for the saved one when `restoreSavedGame` is 1.
   void load() override;
@@ -53,15 +55,22 @@ class tolvane : public platform::Screen {
   void reveal();
   void play(std::string_view sound);
 
+  // The order in which Tab goes over the board.
+  static constexpr int throwStop = 1;
+  static constexpr int diceStop = 2;
+  static constexpr int iconsStop = 3;
+  static constexpr int newGameStop = 4;
+  static constexpr int exitStop = 5;
+
   // Members of the button array `Label2`.
   static constexpr std::size_t footerCaption = 0;
   static constexpr std::size_t computerCaption = 1;  // Only where the computer plays.
   static constexpr std::size_t exitButton = 2;
-  static constexpr std::size_t throwDice = 3;
-  static constexpr std::size_t newGame = 4;
+  static constexpr std::size_t throwButton = 3;
+  static constexpr std::size_t newGameButton = 4;
 
   platform::Widget Shape1;                            // The frame around the column of icons.
-  std::array<platform::Widget, iconCount> Image1;     // The icons.
+  std::array<platform::Widget, icons.size()> Image1;  // The icons.
   platform::Widget Image2;                            // The logo.
   platform::Widget Label1;                            // Status line: whose turn it is.
   platform::WidgetArray Label2;                       // The buttons.
@@ -96,7 +105,7 @@ class tolvane : public platform::Screen {
   void moveTo(std::size_t die, const platform::Widget& place);
   int diceOn(const platform::Widget& icon) const;
 
-  bool anyDieShows(int face) const;
+  bool anyDieShows(char face) const;
   int pointsOn(IconKind icon) const;
   void showTurnScore(int points);
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "game/board.h"
-#include "game/scoring.h"
-#include "screens/playwav.h"
+#include "game/numbers.h"
+#include "game/sound.h"
 
 namespace game {
 
@@ -26,7 +26,7 @@ void tolvane::endofgame() {
   }
   Label6.text = "END OF GAME";
   colourBoard(seats[board_.winnerSeat].colour);
-  Label2[throwDice].background = seats[board_.winnerSeat].colour;
+  Label2[throwButton].background = seats[board_.winnerSeat].colour;
 }
 
 void tolvane::flashWinner() {

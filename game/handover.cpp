@@ -23,7 +23,7 @@ void tolvane::handover() {
     }
     showRound();
   }
-  Label2[throwDice].enabled = true;
+  Label2[throwButton].enabled = true;
   Timer1.disable();
   beginTurn();
 }
@@ -32,8 +32,8 @@ void tolvane::presentSeat() {
   const PlayerColour& seat = seats[static_cast<std::size_t>(state_.currentSeat)];
   Label1.text = seat.toPlay;
   colourBoard(seat.colour);
-  Label2[throwDice].textColour = seat.colour;
-  Label2[throwDice].background = platform::black;
+  Label2[throwButton].textColour = seat.colour;
+  Label2[throwButton].background = platform::black;
   Label8.textColour = seat.colour;
 }
 

@@ -1,23 +1,17 @@
-#include "game/scoring.h"
+// The end of a turn: whether it is over, and what it scores.
 
 #include <algorithm>
-#include <charconv>
 
 #include "game/board.h"
+#include "game/numbers.h"
 #include "game/setting_aside.h"
-#include "screens/playwav.h"
+#include "game/sound.h"
 
 namespace game {
 
-int numberShown(std::string_view text) {
-  int number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
-
-bool tolvane::anyDieShows(int face) const {
+bool tolvane::anyDieShows(char face) const {
   return std::any_of(Label4.begin(), Label4.end(),
-                     [face](const platform::Widget& die) { return numberShown(die.text) == face; });
+                     [face](const platform::Widget& die) { return die.text == std::string_view(&face, 1); });
 }
 
 int tolvane::pointsOn(IconKind icon) const {
@@ -31,10 +25,11 @@ int tolvane::pointsOn(IconKind icon) const {
 void tolvane::checkturnover() {
   board_.turnOver = false;
   if (board_.throwCount == throwsPerTurn) {
-    const bool sixFound = anyDieShows(6);
-    const bool fiveFound = anyDieShows(5);
-    const bool fourFound = anyDieShows(4);
-    if (!sixFound || !fiveFound || !fourFound) {
+    // A 6, a 5 and a 4: what the icons ask for that do not take every face.
+    const bool allFound = std::all_of(icons.begin(), icons.end(), [this](const Icon& icon) {
+      return icon.takes == anyFace || anyDieShows(icon.takes);
+    });
+    if (!allFound) {
       board_.turnOver = true;
       showTurnScore(0);
       play(sounds::splash);

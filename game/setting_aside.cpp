@@ -1,9 +1,10 @@
 #include "game/setting_aside.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "game/board.h"
-#include "screens/playwav.h"
+#include "game/sound.h"
 
 namespace game {
 
@@ -17,18 +18,8 @@ bool catches(const platform::Appearance& target, const platform::Appearance& die
 }
 
 bool accepts(IconKind icon, std::string_view face, bool occupied) {
-  switch (icon) {
-    case IconKind::Ship:
-      return face == "6";
-    case IconKind::Captain:
-      return face == "5";
-    case IconKind::Mate:
-      return face == "4";
-    case IconKind::Crew:
-    case IconKind::Cargo:
-      return !occupied;
-  }
-  return false;
+  const char wanted = icons[static_cast<std::size_t>(icon)].takes;
+  return wanted == anyFace ? !occupied : face == std::string_view(&wanted, 1);
 }
 
 void tolvane::moveTo(std::size_t die, const platform::Widget& place) {
@@ -51,12 +42,16 @@ void tolvane::dieMouseMove(std::size_t die, const platform::MouseEvent& mouse) {
   if (!maySetAside(die) || mouse.buttons != 1) return;
   dragged.left += mouse.x - dragged.width / 2;
   dragged.top += mouse.y - dragged.height / 2;
+  // A die lies on an icon only once it is dropped there; until then it is not in its own way.
+  const bool onIcon = std::any_of(Image1.begin(), Image1.end(),
+                                  [&](const platform::Widget& icon) { return samePlace(dragged, icon); });
+  if (onIcon) dragged.left = std::nextafter(dragged.left, 0.F);
 }
 
 void tolvane::dieMouseUp(std::size_t die) {
   if (!maySetAside(die)) return;
   platform::Widget& dropped = Label4[die];
-  for (std::size_t icon = 0; icon < iconCount; ++icon) {
+  for (std::size_t icon = 0; icon < icons.size(); ++icon) {
     if (!catches(Image1[icon], dropped)) continue;
     play(sounds::key);
     const bool occupied = diceOn(Image1[icon]) > 0;

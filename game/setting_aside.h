@@ -3,7 +3,8 @@
 
 #include <string_view>
 
-#include "game/state.h"
+#include "game/icons.h"
+#include "platform/widget.h"
 
 namespace game {
 

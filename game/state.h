@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "platform/widget.h"
+#include "screens/shell/look.h"
 
 namespace game {
 
@@ -22,16 +22,11 @@ struct PlayerColour {
 };
 
 inline constexpr std::array<PlayerColour, 4> seats{{
-    {{255, 128, 0}, "ORANGE TO PLAY", "ORANGE HAS WON!"},
-    {{255, 0, 255}, "MAGENTA TO PLAY", "MAGENTA HAS WON!"},
-    {{255, 255, 0}, "YELLOW TO PLAY", "YELLOW HAS WON!"},
-    {{0, 255, 0}, "GREEN TO PLAY", "GREEN HAS WON!"},
+    {shell::look::orange, "ORANGE TO PLAY", "ORANGE HAS WON!"},
+    {shell::look::magenta, "MAGENTA TO PLAY", "MAGENTA HAS WON!"},
+    {shell::look::yellow, "YELLOW TO PLAY", "YELLOW HAS WON!"},
+    {shell::look::green, "GREEN TO PLAY", "GREEN HAS WON!"},
 }};
-
-/// The icons from the top of the board to the bottom.
-enum class IconKind : std::size_t { Ship, Captain, Mate, Crew, Cargo };
-
-inline constexpr std::size_t iconCount = 5;
 
 /// What is carried from screen to screen.
 struct GameState {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "game/board.h"
-#include "screens/playwav.h"
+#include "game/sound.h"
 
 namespace game {
 
@@ -45,7 +45,7 @@ void tolvane::throwdice() {
   ++board_.throwCount;
   Label8.text = "THROW " + std::to_string(board_.throwCount);
   Label8.visible = true;
-  if (board_.throwCount == throwsPerTurn) Label2[throwDice].enabled = false;
+  if (board_.throwCount == throwsPerTurn) Label2[throwButton].enabled = false;
   play(sounds::cupdice);
 }
 

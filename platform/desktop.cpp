@@ -1,13 +1,49 @@
 #include "platform/desktop.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace platform {
 
 namespace {
 
-Moment milliseconds(int count) {
+constexpr Moment milliseconds(int count) {
   return std::chrono::milliseconds(count);
+}
+
+// How soon the second press of a double click follows the first.
+constexpr Moment doubleClick = milliseconds(400);
+
+// A button or a link, as against what is dragged.
+bool isClicked(const Widget& widget) {
+  return !widget.onMouseUp;
+}
+
+bool covers(const Widget& widget, const MouseEvent& mouse) {
+  return widget.left <= mouse.x && mouse.x < widget.left + widget.width && widget.top <= mouse.y &&
+         mouse.y < widget.top + widget.height;
+}
+
+bool hearsPress(const Widget& widget, const MouseEvent& mouse) {
+  return !isClicked(widget) || (widget.onClick && mouse.buttons == leftButton);
+}
+
+// The topmost widget under the pointer that hears the mouse at all; a disabled one still covers what lies
+// behind.
+Widget* widgetUnder(const Screen& screen, const MouseEvent& mouse) {
+  const auto order = screen.drawingOrder();
+  const auto found = std::find_if(order.rbegin(), order.rend(), [&mouse](const Widget* widget) {
+    const bool hears = widget->onClick || widget->onMouseMove || widget->onMouseUp;
+    return hears && widget->visible && covers(*widget, mouse);
+  });
+  return found == order.rend() ? nullptr : *found;
+}
+
+// The same mouse, measured from the widget's top left corner.
+MouseEvent over(const Widget& widget, MouseEvent mouse) {
+  mouse.x -= widget.left;
+  mouse.y -= widget.top;
+  return mouse;
 }
 
 auto named(std::string_view name) {
@@ -26,14 +62,17 @@ void Desktop::show(std::string_view name) {
   auto found = std::find_if(open_.begin(), open_.end(), named(name));
   if (found != open_.end()) {
     std::rotate(found, found + 1, open_.end());
-  } else {
-    const auto entry = std::find_if(factories_.begin(), factories_.end(),
-                                    [name](const auto& registered) { return registered.first == name; });
-    if (entry == factories_.end()) return;
-    open_.push_back(entry->second());
-    open_.back()->load();
+    present(*open_.back());
+    return;
   }
-  present(*open_.back());
+  const auto entry = std::find_if(factories_.begin(), factories_.end(),
+                                  [name](const auto& registered) { return registered.first == name; });
+  assert(entry != factories_.end() && "No screen of this name is registered.");
+  if (entry == factories_.end()) return;
+  Screen& screen = *open_.emplace_back(entry->second());
+  screen.pressesBefore_ = presses_;
+  screen.load();
+  present(screen);
 }
 
 void Desktop::unload(std::string_view name) {
@@ -43,8 +82,8 @@ void Desktop::unload(std::string_view name) {
   open_.erase(found);
 }
 
-void Desktop::registerScreen(std::string name, ScreenFactory factory) {
-  factories_.emplace_back(std::move(name), std::move(factory));
+void Desktop::registerScreen(std::string_view name, ScreenFactory factory) {
+  factories_.emplace_back(name, std::move(factory));
 }
 
 Screen* Desktop::find(std::string_view name) const {
@@ -52,12 +91,25 @@ Screen* Desktop::find(std::string_view name) const {
   return found == open_.end() ? nullptr : found->get();
 }
 
+void Desktop::say(std::string_view words) {
+  if (!words_.empty()) words_ += ' ';
+  words_ += words;
+}
+
 void Desktop::handle(Moment now, const std::function<void()>& handler) {
+  assert(!handling_ && "One handler runs at a time.");
+  handling_ = true;
   moment_ = now;
   handler();
   destroyClosed();
   startTimers();
-  for (const auto& screen : open_) refresh(*screen);
+  for (const auto& screen : open_) screen->nameWidgets();
+  refresh();
+  handling_ = false;
+  if (!words_.empty()) {
+    lastSaid_ = std::exchange(words_, {});
+    announce(lastSaid_);
+  }
   if (std::all_of(open_.begin(), open_.end(),
                   [](const auto& screen) { return screen->frame == Frame::Backdrop; })) {
     endProgram();
@@ -65,12 +117,57 @@ void Desktop::handle(Moment now, const std::function<void()>& handler) {
 }
 
 bool Desktop::click(Moment now, Widget& widget) {
-  if (!widget.visible || !widget.enabled || !widget.onClick) return false;
-  handle(now, [&widget] {
-    if (widget.role == Role::CheckBox) widget.checked = !widget.checked;
-    widget.onClick();
-  });
+  if (!canBeClicked(widget)) return false;
+  handle(now, [&widget] { activate(widget); });
   return true;
+}
+
+bool Desktop::pressMouse(Moment now, Screen& screen, const MouseEvent& mouse) {
+  const bool secondOfTwo =
+      presses_ > 0 && now - lastPress_ < doubleClick && screen.pressesBefore_ == presses_;
+  lastPress_ = now;
+  ++presses_;
+  Widget* under = widgetUnder(screen, mouse);
+  if (!under) return false;
+  if (secondOfTwo || screen.held_ || !under->enabled || !hearsPress(*under, mouse)) return true;
+  screen.held_ = under;
+  screen.sunk_ = isClicked(*under);
+  if (screen.sunk_) refresh();
+  return true;
+}
+
+void Desktop::moveMouse(Moment now, Screen& screen, MouseEvent mouse) {
+  // The window system may have kept the release to itself.
+  if (screen.held_ && mouse.buttons == 0) releaseMouse(now, screen, mouse, 0);
+  Widget* heard = screen.held_;
+  if (!heard) {
+    heard = mouse.buttons == 0 ? widgetUnder(screen, mouse) : nullptr;
+  } else if (isClicked(*heard)) {
+    if (std::exchange(screen.sunk_, covers(*heard, mouse)) != screen.sunk_) refresh();
+  } else {
+    mouse.x = std::clamp(mouse.x, 0.F, screen.client.width);
+    mouse.y = std::clamp(mouse.y, 0.F, screen.client.height);
+  }
+  if (!heard || !heard->enabled || !heard->onMouseMove) return;
+  handle(now, [&] { heard->onMouseMove(over(*heard, mouse)); });
+}
+
+void Desktop::releaseMouse(Moment now, Screen& screen, const MouseEvent& mouse, int button) {
+  Widget* held = screen.held_;
+  if (!held) return;
+  if (mouse.buttons == 0) {
+    screen.held_ = nullptr;
+    if (std::exchange(screen.sunk_, false)) refresh();
+  }
+  if (held->onMouseUp) {
+    handle(now, [&] { held->onMouseUp(over(*held, mouse)); });
+  } else if (button == leftButton && covers(*held, mouse)) {
+    click(now, *held);
+  }
+}
+
+void Desktop::pressKey(Moment now, Screen& screen, Key key) {
+  if (!screen.held_) handle(now, [&] { screen.answer(key); });
 }
 
 std::optional<Moment> Desktop::nextTick() const {

@@ -40,7 +40,8 @@ struct Placement {
 };
 
 /// Where `screen` stands, frame included: as it asks, or evenly larger where the frame would leave its client
-/// area too small.
+/// area too small. A screen that asks for no size is as large as its client area needs, around the place it
+/// asks for.
 Placement outerPlacement(const Screen& screen, const FrameExtents& frame);
 
 class Desktop {
@@ -54,7 +55,8 @@ class Desktop {
 
   // --- For the game ---
 
-  /// Shows the screen of this name in front of all others; loads it first when it is not open.
+  /// Shows the screen of this name, which is one of those registered, in front of all others; loads it first
+  /// when it is not open.
   void show(std::string_view name);
 
   /// Closes the screen of this name; it is destroyed when the running handler has returned. Nothing happens
@@ -63,9 +65,6 @@ class Desktop {
 
   /// The size of the whole display in twips.
   virtual Size displaySize() const = 0;
-
-  /// What the desktop puts around a screen with a title bar, as far as it is known yet.
-  virtual FrameExtents titleBarFrame() const = 0;
 
   /// Reads the picture called `path`, to be drawn by widgets that show it. Its own size in twips: its pixels
   /// over its stated resolution, or over 96 dots per inch when it states none. Nothing when there is no such
@@ -87,9 +86,15 @@ class Desktop {
 
   virtual Chance& chance() = 0;
 
+  /// Tells those who do not see the display. What one handler says is told as one text when it has returned.
+  void say(std::string_view words);
+
+  /// What was told last.
+  const std::string& lastSaid() const { return lastSaid_; }
+
   // --- For those who set the desktop up and those who show it ---
 
-  void registerScreen(std::string name, ScreenFactory factory);
+  void registerScreen(std::string_view name, ScreenFactory factory);
 
   /// The open screen of this name, or null.
   Screen* find(std::string_view name) const;
@@ -97,13 +102,27 @@ class Desktop {
   /// The open screens, the one shown last at the end.
   std::span<const std::unique_ptr<Screen>> openScreens() const { return open_; }
 
-  /// Runs a handler to its end at the moment `now`, and then what must wait for that. When no screen but a
-  /// backdrop is left, the program ends: nobody is left with a coloured display and no way out.
+  /// Runs a handler to its end at the moment `now`, and then what must wait for that; never within another.
+  /// When no screen but a backdrop is left, the program ends: nobody is left with a coloured display and no
+  /// way out.
   void handle(Moment now, const std::function<void()>& handler);
 
-  /// A click on `widget` at the moment `now`: a check box changes its tick, then the widget's handler runs.
-  /// False, and nothing happens, when the widget is hidden, disabled or deaf to clicks.
+  /// A click on `widget` at the moment `now`. False, and nothing happens, when it would not be heard.
   bool click(Moment now, Widget& widget);
+
+  // The mouse over the client area of an open screen, and the keyboard while that screen has it. The topmost
+  // widget under the pointer hears of a press; while the button is held it hears of every move and of the
+  // release, wherever the pointer is, and no other widget and no key is heard. A widget that is dragged hears
+  // of no place outside the client area, so that it cannot get out of reach. The second press of a double
+  // click is nobody's when the first has brought up the screen that it would reach.
+
+  /// A button goes down; `mouse.buttons` tells all that are held. False when there is nothing that could have
+  /// heard of it: the screen's own ground.
+  bool pressMouse(Moment now, Screen& screen, const MouseEvent& mouse);
+  void moveMouse(Moment now, Screen& screen, MouseEvent mouse);
+  /// `button` goes up; `mouse.buttons` tells those still held.
+  void releaseMouse(Moment now, Screen& screen, const MouseEvent& mouse, int button);
+  void pressKey(Moment now, Screen& screen, Key key);
 
   /// When the next tick of an open screen's timer is due; nothing while no timer counts.
   std::optional<Moment> nextTick() const;
@@ -119,8 +138,11 @@ class Desktop {
   /// Takes a screen off the display for good; it is destroyed next.
   virtual void dismiss(Screen& screen) = 0;
 
-  /// A handler has returned: draws what differs from what was last drawn.
-  virtual void refresh(Screen& screen) = 0;
+  /// A handler has returned: draws what differs, on any open screen, from what was last drawn.
+  virtual void refresh() = 0;
+
+  /// Tells those who do not see the display, once it shows what is told.
+  virtual void announce(const std::string& words) = 0;
 
  private:
   Timer* earliestTimer() const;
@@ -131,6 +153,11 @@ class Desktop {
   std::vector<std::unique_ptr<Screen>> open_;
   std::vector<std::unique_ptr<Screen>> closed_;  // Unloaded by the running handler.
   Moment moment_{};                              // When the running handler's event happened.
+  bool handling_ = false;
+  std::string words_;  // Said by the running handler.
+  std::string lastSaid_;
+  Moment lastPress_{};  // Of a mouse button.
+  int presses_ = 0;
 };
 
 /// Gives `widget` the picture called `path` and returns the picture's own size; leaves the widget without

@@ -13,6 +13,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/key.h"
+
 namespace platform {
 
 struct Colour {
@@ -46,9 +48,17 @@ struct Font {
 enum class Alignment { Left, Centre, Right };
 
 /// How keyboards and screen readers meet a widget.
-enum class Role { Text, Button, CheckBox };
+enum class Role {
+  Decoration,  ///< For the eye alone: a frame, a marker, a picture.
+  Text,
+  Heading,
+  Button,
+  CheckBox,
+  Link,   ///< Leads out of the program.
+  Piece,  ///< Lies on the table and can be chosen.
+};
 
-/// Everything about a widget that can be seen.
+/// Everything about a widget that can be seen or is told to who cannot see it.
 struct Appearance {
   float left = 0;
   float top = 0;
@@ -66,25 +76,42 @@ struct Appearance {
   bool enabled = true;  ///< A disabled widget is greyed and takes no clicks.
   bool checked = false;
   Role role = Role::Text;
-  std::string picture{};  ///< A picture that loads (see `loadPicture`), scaled to the box; empty: none.
+  bool pickedUp = false;     ///< The keyboard has picked it up; its mark says so.
+  std::string spokenName{};  ///< What it is called; empty: its text.
+  std::string toolTip{};     ///< Shown where the mouse rests; empty: nothing.
+  std::string picture{};     ///< A picture that loads (see `loadPicture`), scaled to the box; empty: none.
 
   friend bool operator==(const Appearance&, const Appearance&) = default;
 };
 
-/// The mouse over a widget. While a button pressed on a widget is held, that widget receives the events.
+/// The mouse: over a widget, as its handlers hear of it, or over a screen's client area.
 struct MouseEvent {
   int buttons = 0;  ///< Bit mask of the buttons held: 1 left, 2 right, 4 middle.
-  int shift = 0;    ///< Bit mask of the keys held: 1 Shift, 2 Ctrl, 4 Alt. No screen asks for them yet.
-  float x = 0;      ///< Twips from the widget's left edge; may lie outside the widget.
-  float y = 0;      ///< Twips from the widget's top edge.
+  float x = 0;      ///< Twips from the left edge; may lie outside.
+  float y = 0;      ///< Twips from the top edge.
 };
 
+inline constexpr int leftButton = 1;
+
 struct Widget : Appearance {
-  std::string name;  ///< "Label2(3)": unique on its screen.
+  std::string name;        ///< "Label2(3)": unique on its screen.
+  int tabStop = 0;         ///< Tab goes from stop to stop, from 1; widgets may share one. 0: passes it by.
+  std::optional<Key> key;  ///< Clicks it, whatever else is chosen on its screen.
   std::function<void()> onClick;
   std::function<void(const MouseEvent&)> onMouseMove;
   std::function<void(const MouseEvent&)> onMouseUp;
 };
+
+/// Whether a click on `widget` is heard: it is there, enabled, and something happens.
+inline bool canBeClicked(const Widget& widget) {
+  return widget.visible && widget.enabled && widget.onClick;
+}
+
+/// Clicks `widget`: a check box changes its tick, then the widget's handler runs.
+inline void activate(Widget& widget) {
+  if (widget.role == Role::CheckBox) widget.checked = !widget.checked;
+  widget.onClick();
+}
 
 /// Like widgets that share a name, by their index; indices may have gaps.
 using WidgetArray = std::map<std::size_t, Widget>;

@@ -2,12 +2,13 @@
 #pragma once
 
 #include "platform/desktop.h"
+#include "screens/shell/screen_names.h"
 
 namespace screens {
 
 class Grey final : public platform::Screen {
  public:
-  explicit Grey(platform::Desktop& desktop) : Screen(desktop, "Grey") {
+  explicit Grey(platform::Desktop& desktop) : Screen(desktop, shell::backdrop) {
     caption = "Form1";
     frame = platform::Frame::Backdrop;
   }

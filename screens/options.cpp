@@ -1,8 +1,9 @@
 #include "screens/options.h"
 
-#include "game/look.h"
-#include "screens/fitscreen.h"
-#include "screens/playwav.h"
+#include "game/sound.h"
+#include "screens/shell/fitscreen.h"
+#include "screens/shell/look.h"
+#include "screens/shell/screen_names.h"
 
 namespace screens {
 
@@ -13,8 +14,8 @@ constexpr float narrowDisplay = 12000;
 
 constexpr std::array<float, 4> numbersLeft{360, 1680, 2940, 4200};
 
-game::look::Appearance checkBox(game::look::Box box, std::string_view text) {
-  using namespace game::look;
+shell::look::Appearance checkBox(shell::look::Box box, std::string_view text) {
+  using namespace shell::look;
   Appearance look = label(box, arialBold(12), yellow, text);
   look.background = navy;
   look.role = platform::Role::CheckBox;
@@ -25,13 +26,14 @@ game::look::Appearance checkBox(game::look::Box box, std::string_view text) {
 }  // namespace
 
 Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
-    : Screen(desktop, "Startplay2"), options_(options) {
-  using namespace game::look;
+    : Screen(desktop, shell::optionsScreen), options_(options) {
+  using namespace shell::look;
   caption = " ";
   background = navy;
   client = {5445, 6570};
 
   add(Label4, "Label4", centred({330, 120, 4755, 1695}, arialBold(32.25F), yellow, " Tolvane"));
+  Label4.role = platform::Role::Heading;
   add(Label6, "Label6", button({720, 1920, 1935, 435}, arialBold(15.75F), yellow, "The Rules"));
   add(Image2, "Image2", picture({3600, 1800, 1500, 2085}));
   add(Check1, "Check1", checkBox({720, 2640, 1695, 375}, "Play Sound"));
@@ -44,10 +46,11 @@ Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
     Label1[i].onClick = [this, players = static_cast<int>(i) + 1] { startGame(players); };
   }
   add(Label2[12], "Label2(12)", button({720, 5640, 3315, 375}, tahomaBold(12), yellow, makersPage));
+  Label2[12].role = platform::Role::Link;
   add(Label3, "Label3(0)", button({4560, 5640, 735, 375}, arialBold(12.75F), yellow, "Exit"));
   add(Label2[1], "Label2(1)", centred({-30, 6180, 5535, 285}, arialBold(12), yellow, footer));
 
-  Check1.onClick = [this] { play(sounds::click1); };
+  Check1.onClick = [this] { game::play(this->desktop(), options_, sounds::click1); };
   Check3.onClick = [this] { switchBackdrop(); };
   for (auto& [index, widget] : Label2) {
     widget.onClick = [this] { this->desktop().openDocument(makersPage); };
@@ -58,9 +61,9 @@ Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
 
 void Startplay2::load() {
   options_.computerOpponent = 0;
-  centre(desktop(), *this);
+  shell::centre(desktop(), *this);
   if (!loadPicture(desktop(), Image2, R"(Images\logo2.jpg)")) {
-    fitscreen(desktop(), *this);
+    shell::fitscreen(desktop(), *this);
     return;
   }
   Check3.visible = desktop().displaySize().width > narrowDisplay;
@@ -68,44 +71,40 @@ void Startplay2::load() {
 }
 
 void Startplay2::switchBackdrop() {
-  play(sounds::click1);
+  game::play(desktop(), options_, sounds::click1);
   options_.hideDesktop = Check3.checked ? 1 : 0;
   if (Check3.checked) {
-    desktop().show("Grey");
+    desktop().show(shell::backdrop);
   } else {
-    desktop().unload("Grey");
+    desktop().unload(shell::backdrop);
   }
   desktop().show(name());
 }
 
 void Startplay2::startGame(int players) {
-  desktop().unload("tolvane");
+  desktop().unload(shell::board);
   options_.playerCount = players;
   options_.soundOn = Check1.checked ? 1 : 0;
   if (players == 1) {
     options_.computerOpponent = 1;
     options_.playerCount = 2;
-    desktop().show("tolvanecomputer");
+    desktop().show(shell::computerBoard);
   } else {
-    desktop().show("tolvane");
+    desktop().show(shell::board);
   }
-  desktop().unload("Wembickrules");
+  desktop().unload(shell::rulesPage1);
   desktop().unload(name());
-  play(sounds::click);
+  game::play(desktop(), options_, sounds::click);
 }
 
 void Startplay2::showRules() {
-  desktop().show("Wembickrules");
-  play(sounds::click);
+  desktop().show(shell::rulesPage1);
+  game::play(desktop(), options_, sounds::click);
 }
 
 void Startplay2::leave() {
-  desktop().show("Titlefrm");
+  desktop().show(shell::titleScreen);
   desktop().unload(name());
-}
-
-void Startplay2::play(std::string_view sound) {
-  if (options_.soundOn == 1) playwav(desktop(), sound);
 }
 
 }  // namespace screens

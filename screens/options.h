@@ -23,7 +23,6 @@ class Startplay2 final : public platform::Screen {
   void startGame(int players);
   void showRules();
   void leave();
-  void play(std::string_view sound);
 
   platform::Widget Check1;                 // Play Sound.
   platform::Widget Check3;                 // Hide Desktop.

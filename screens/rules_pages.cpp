@@ -2,13 +2,14 @@
 
 #include <span>
 
-#include "game/look.h"
-#include "screens/fitscreen.h"
-#include "screens/playwav.h"
+#include "game/sound.h"
+#include "screens/shell/fitscreen.h"
+#include "screens/shell/look.h"
+#include "screens/shell/screen_names.h"
 
 namespace screens {
 
-using game::look::Box;
+using shell::look::Box;
 
 namespace {
 
@@ -144,7 +145,7 @@ constexpr std::array page3Texts{
 };
 
 platform::Font fontOf(TextKind kind) {
-  return kind == TextKind::Body ? game::look::arial(12) : game::look::arialBold(12);
+  return kind == TextKind::Body ? shell::look::arial(12) : shell::look::arialBold(12);
 }
 
 }  // namespace
@@ -163,25 +164,25 @@ struct PageDesign {
 namespace {
 
 constexpr PageDesign page1{
-    "Wembickrules",           7,         "Page 1 of 3", "", "Wembickrules2", R"(images\start.jpg)",
+    shell::rulesPage1,        7,         "Page 1 of 3", "", shell::rulesPage2, R"(images\start.jpg)",
     {8640, 4320, 2835, 3525}, page1Texts};
-constexpr PageDesign page2{"Wembickrules2",
+constexpr PageDesign page2{shell::rulesPage2,
                            20,
                            "Page 2 of 3",
-                           "Wembickrules",
-                           "Wembickrules2b",
+                           shell::rulesPage1,
+                           shell::rulesPage3,
                            R"(images\board.jpg)",
                            {8040, 3840, 3600, 2700},
                            page2Texts};
-constexpr PageDesign page3{"Wembickrules2b",         20,        "Page 3 of 3",
-                           "Wembickrules2",          "",        R"(images\example.jpg)",
+constexpr PageDesign page3{shell::rulesPage3,        20,        "Page 3 of 3",
+                           shell::rulesPage2,        "",        R"(images\example.jpg)",
                            {9720, 4440, 1800, 2580}, page3Texts};
 
 }  // namespace
 
 RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, const PageDesign& design)
     : Screen(desktop, design.name), options_(options), design_(design) {
-  using namespace game::look;
+  using namespace shell::look;
   frame = platform::Frame::ThinLine;
   background = {0, 0, 255};
   client = {12000, 9000};
@@ -204,25 +205,21 @@ RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, con
 
 void RulesPage::addNavigation(std::size_t index, const Box& box, std::string_view text,
                               std::string_view leadsTo) {
-  using namespace game::look;
+  using namespace shell::look;
   add(Label3[index], platform::indexed("Label3", index), button(box, arialBold(12.75F), yellow, text));
   Label3[index].onClick = [this, leadsTo] {
     if (!leadsTo.empty()) desktop().show(leadsTo);
     desktop().unload(name());
-    play(sounds::click1);
+    game::play(this->desktop(), options_, sounds::click1);
   };
 }
 
 void RulesPage::load() {
-  fitscreen(desktop(), *this);
+  shell::fitscreen(desktop(), *this);
   if (const auto own = loadPicture(desktop(), Image1, design_.picture)) {
     Image1.width = own->width;
     Image1.height = own->height;
   }
-}
-
-void RulesPage::play(std::string_view sound) {
-  if (options_.soundOn == 1) playwav(desktop(), sound);
 }
 
 Wembickrules::Wembickrules(platform::Desktop& desktop, game::GameOptions& options)
@@ -230,7 +227,7 @@ Wembickrules::Wembickrules(platform::Desktop& desktop, game::GameOptions& option
 
 Wembickrules2::Wembickrules2(platform::Desktop& desktop, game::GameOptions& options)
     : RulesPage(desktop, options, page2) {
-  using namespace game::look;
+  using namespace shell::look;
   add(Label2, "Label2",
       button({6600, 2160, 2055, 495}, tahomaBold(15.75F), game::seats[3].colour, "Throw Dice"));
   for (std::size_t die = 0; die < game::diceCount; ++die) {
@@ -247,12 +244,12 @@ Wembickrules2::Wembickrules2(platform::Desktop& desktop, game::GameOptions& opti
 
 Wembickrules2b::Wembickrules2b(platform::Desktop& desktop, game::GameOptions& options)
     : RulesPage(desktop, options, page3) {
-  using namespace game::look;
+  using namespace shell::look;
   add(Label2, "Label2",
       button({120, 8520, 4275, 375}, arialBold(12), yellow, "Open Rules Document for Printing"));
   Label2.onClick = [this] {
     this->desktop().openDocument("Tolvane Rules.doc");
-    play(sounds::click1);
+    game::play(this->desktop(), options_, sounds::click1);
   };
 }
 

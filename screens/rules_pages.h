@@ -5,10 +5,10 @@
 #include <array>
 #include <string_view>
 
-#include "game/look.h"
 #include "game/options.h"
 #include "game/state.h"
 #include "platform/desktop.h"
+#include "screens/shell/look.h"
 
 namespace screens {
 
@@ -23,8 +23,6 @@ class RulesPage : public platform::Screen {
  protected:
   RulesPage(platform::Desktop& desktop, game::GameOptions& options, const PageDesign& design);
 
-  void play(std::string_view sound);
-
   platform::WidgetArray Label1;  // The texts; 0 is the title.
   platform::WidgetArray Label3;  // Navigation: 0 exit, 1 next page, 2 previous page.
   platform::Widget Image1;       // The picture.
@@ -32,7 +30,7 @@ class RulesPage : public platform::Screen {
   game::GameOptions& options_;
 
  private:
-  void addNavigation(std::size_t index, const game::look::Box& box, std::string_view text,
+  void addNavigation(std::size_t index, const shell::look::Box& box, std::string_view text,
                      std::string_view leadsTo);
 
   const PageDesign& design_;

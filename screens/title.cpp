@@ -1,15 +1,16 @@
 #include "screens/title.h"
 
-#include "game/look.h"
 #include "game/saved_game.h"
-#include "screens/fitscreen.h"
-#include "screens/playwav.h"
+#include "game/sound.h"
+#include "screens/shell/fitscreen.h"
+#include "screens/shell/look.h"
+#include "screens/shell/screen_names.h"
 
 namespace screens {
 
 Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game::GameState& state)
-    : Screen(desktop, "Titlefrm"), options_(options), state_(state) {
-  using namespace game::look;
+    : Screen(desktop, shell::titleScreen), options_(options), state_(state) {
+  using namespace shell::look;
   caption = " ";
   background = navy;
   client = {5445, 6570};
@@ -22,7 +23,9 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
   };
   add(Frame1, "Frame1", label(panel, arial(12), yellow));
   Frame1.background = navy;
+  Frame1.role = platform::Role::Decoration;
   add(Label4, "Label4", centred(within({360, 240, 4755, 1575}), arialBold(32.25F), yellow, " Tolvane"));
+  Label4.role = platform::Role::Heading;
   add(Picture1, "Picture1", picture(within({360, 2100, 4800, 3120})));
   add(Label6, "Label6",
       button(within({780, 5340, 3975, 435}), arialBold(15.75F), yellow, "Restart Previous Game"));
@@ -36,18 +39,18 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
 }
 
 void Titlefrm::load() {
-  centre(desktop(), *this);
+  shell::centre(desktop(), *this);
   options_.soundOn = 1;
-  if (!loadPicture(desktop(), Picture1, R"(Images\opening.jpg)")) fitscreen(desktop(), *this);
+  if (!loadPicture(desktop(), Picture1, R"(Images\opening.jpg)")) shell::fitscreen(desktop(), *this);
 }
 
 void Titlefrm::goOn() {
   options_.restoreSavedGame = 0;
   options_.hideDesktop = 1;
-  desktop().show("Grey");
-  desktop().show("Startplay2");
+  desktop().show(shell::backdrop);
+  desktop().show(shell::optionsScreen);
   desktop().unload(name());
-  if (options_.soundOn == 1) playwav(desktop(), sounds::click1);
+  game::play(desktop(), options_, sounds::click1);
 }
 
 void Titlefrm::restart() {
@@ -58,10 +61,10 @@ void Titlefrm::restart() {
   state_ = saved.state;
   if (!found) return;
   options_.restoreSavedGame = 1;
-  if (options_.hideDesktop == 1) desktop().show("Grey");
-  desktop().show(options_.computerOpponent != 0 ? "tolvanecomputer" : "tolvane");
+  if (options_.hideDesktop == 1) desktop().show(shell::backdrop);
+  desktop().show(options_.computerOpponent != 0 ? shell::computerBoard : shell::board);
   desktop().unload(name());
-  if (options_.soundOn == 1) playwav(desktop(), sounds::click1);
+  game::play(desktop(), options_, sounds::click1);
   options_.restoreSavedGame = 0;
 }
 

@@ -1,8 +1,8 @@
 // The throw to try out on page 2 of the rules: no scoring and no dragging, it only shows what a throw looks
 // like. With sound the roll waits for the cup and dice to be heard.
 
+#include "game/sound.h"
 #include "game/throwing.h"
-#include "screens/playwav.h"
 #include "screens/rules_pages.h"
 
 namespace screens {
@@ -18,7 +18,7 @@ void Wembickrules2::throwDice() {
   sampleDiceSettled = 0;
   Timer5.enable();
   Timer8.enable();
-  play(sounds::cupdice);
+  game::play(desktop(), options_, sounds::cupdice);
 }
 
 void Wembickrules2::roll() {

@@ -50,9 +50,9 @@ struct EmptyFolder {
 
 class SimulatedProgram {
  public:
-  platform::SimulatedDesktop desktop;
   game::GameOptions options;
   game::GameState state;
+  platform::SimulatedDesktop desktop;
   std::string board;  // The open board; `openBoard` sets it.
 
   /// The program on its title screen.
@@ -115,15 +115,14 @@ class SimulatedProgram {
     desktop.advance(aWholeThrow);
   }
 
+  /// The mouse over the middle of die `i`, with these buttons held.
+  platform::MouseEvent middleOf(std::size_t i, int buttons = 1) {
+    return {buttons, die(i).left + die(i).width / 2, die(i).top + die(i).height / 2};
+  }
+
   /// Drags die `i` with the left button so that its top left corner comes to (left, top), and lets go.
   void drag(std::size_t i, float left, float top) {
-    const std::string name = platform::indexed("Label4", i);
-    platform::MouseEvent mouse{.buttons = 1,
-                               .shift = 0,
-                               .x = left - die(i).left + die(i).width / 2,
-                               .y = top - die(i).top + die(i).height / 2};
-    desktop.moveMouse(board, name, mouse);
-    desktop.releaseMouse(board, name, mouse);
+    desktop.drag(board, middleOf(i), {1, left + die(i).width / 2, top + die(i).height / 2});
   }
   void dragToIcon(std::size_t i, game::IconKind kind) {
     const platform::Widget& target = icon(static_cast<std::size_t>(kind));
@@ -145,8 +144,8 @@ class SimulatedProgram {
     std::string shown;
     for (std::size_t i = 0; i < game::diceCount; ++i) {
       std::size_t k = 0;
-      while (k < game::iconCount && !game::samePlace(die(i), icon(k))) ++k;
-      shown += game::samePlace(die(i), home(i)) ? "h" : k == game::iconCount ? "?" : std::to_string(k);
+      while (k < game::icons.size() && !game::samePlace(die(i), icon(k))) ++k;
+      shown += game::samePlace(die(i), home(i)) ? "h" : k == game::icons.size() ? "?" : std::to_string(k);
     }
     return shown;
   }

@@ -1,10 +1,8 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
-#include <QCursor>
 #include <QDesktopServices>
 #include <QFileInfo>
-#include <QMouseEvent>
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
@@ -35,17 +33,13 @@ QtDesktop::~QtDesktop() {
 }
 
 void QtDesktop::start(std::string_view screen) {
-  run([&] { show(screen); });
+  handle(now(), [&] { show(screen); });
 }
 
 Size QtDesktop::displaySize() const {
   const QSize display = QGuiApplication::primaryScreen()->size();
   return {static_cast<float>(display.width()) * twipsPerPixel,
           static_cast<float>(display.height()) * twipsPerPixel};
-}
-
-FrameExtents QtDesktop::titleBarFrame() const {
-  return extents(titleBar_);
 }
 
 std::optional<Size> QtDesktop::readPicture(std::string_view path) {
@@ -78,28 +72,10 @@ void QtDesktop::endProgram() {
   QCoreApplication::exit();  // `quit` would ask every window first.
 }
 
-void QtDesktop::run(const std::function<void()>& handler) {
-  handle(now(), handler);
-  armTicker();
-}
-
-void QtDesktop::clickWidget(Widget& widget) {
-  click(now(), widget);
-  armTicker();
-}
-
-bool QtDesktop::cameTooLate(const QMouseEvent& press) const {
-  const QPoint moved = press.globalPosition().toPoint() - pointerThen_;
-  return sinceShown_.elapsed() < QApplication::doubleClickInterval() &&
-         moved.manhattanLength() < QApplication::startDragDistance();
-}
-
 void QtDesktop::present(Screen& screen) {
   ScreenWindow*& window = windows_[&screen];
   if (!window) {
     window = new ScreenWindow(*this, screen);
-    sinceShown_.start();
-    pointerThen_ = QCursor::pos();
     backdropIsNew_ = backdropIsNew_ || screen.frame == Frame::Backdrop;
   }
   window->present(backdrop());
@@ -112,14 +88,18 @@ void QtDesktop::dismiss(Screen& screen) {
   windows_.erase(found);
 }
 
-void QtDesktop::refresh(Screen& screen) {
-  ScreenWindow* window = windows_.at(&screen);
-  window->refresh();
-  if (!backdropIsNew_) return;
-  // What was open before the backdrop belongs in front of it as well, in its order.
-  window->present(backdrop());
-  if (&screen == openScreens().back().get()) backdropIsNew_ = false;
+void QtDesktop::refresh() {
+  for (const auto& screen : openScreens()) {
+    ScreenWindow* window = windows_.at(screen.get());
+    window->refresh();
+    // What was open before the backdrop belongs in front of it as well, in its order.
+    if (backdropIsNew_) window->present(backdrop());
+  }
+  backdropIsNew_ = false;
+  armTicker();
 }
+
+void QtDesktop::announce(const std::string& /*words*/) {}
 
 ScreenWindow* QtDesktop::backdrop() const {
   for (const auto& open : openScreens()) {

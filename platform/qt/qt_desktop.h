@@ -3,9 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QMargins>
-#include <QPoint>
 #include <QTimer>
-#include <functional>
 #include <map>
 
 #include "platform/desktop.h"
@@ -28,7 +26,6 @@ class QtDesktop final : public Desktop {
   void start(std::string_view screen);
 
   Size displaySize() const override;
-  FrameExtents titleBarFrame() const override;
   std::optional<Size> readPicture(std::string_view path) override;
   void playSound(std::string_view path) override;
   void openDocument(std::string_view target) override;
@@ -38,14 +35,7 @@ class QtDesktop final : public Desktop {
 
   // --- For the windows ---
 
-  /// Runs a handler now.
-  void run(const std::function<void()>& handler);
-  void clickWidget(Widget& widget);
-
-  /// Whether a press is the second of a double click whose first has brought up another screen under the
-  /// pointer. It is nobody's: the screen it was meant for has gone.
-  bool cameTooLate(const QMouseEvent& press) const;
-
+  Moment now() const;
   Pictures& pictures() { return pictures_; }
   QMargins titleBarMargins() const { return titleBar_; }
   void learnTitleBarMargins(const QMargins& frame) { titleBar_ = frame; }
@@ -53,9 +43,9 @@ class QtDesktop final : public Desktop {
  private:
   void present(Screen& screen) override;
   void dismiss(Screen& screen) override;
-  void refresh(Screen& screen) override;
+  void refresh() override;
+  void announce(const std::string& words) override;
 
-  Moment now() const;
   void armTicker();
   ScreenWindow* backdrop() const;  // Null where there is none.
 
@@ -66,8 +56,6 @@ class QtDesktop final : public Desktop {
   SoundPlayer sounds_;
   QMargins titleBar_;
   std::map<const Screen*, ScreenWindow*> windows_;
-  QElapsedTimer sinceShown_;    // How long the newest screen has been there...
-  QPoint pointerThen_;          // ...and where the mouse was when it came.
   bool backdropIsNew_ = false;  // It was shown by the running handler.
 };
 

@@ -1,11 +1,13 @@
 #include "platform/qt/screen_window.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
 #include <QWindow>
 #include <algorithm>
+#include <optional>
 
 #include "platform/qt/qt_desktop.h"
 
@@ -28,6 +30,59 @@ Qt::WindowFlags flagsFor(Frame frame) {
          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 }
 
+int bits(Qt::MouseButtons buttons) {
+  return (buttons & Qt::LeftButton ? leftButton : 0) | (buttons & Qt::RightButton ? 2 : 0) |
+         (buttons & Qt::MiddleButton ? 4 : 0);
+}
+
+MouseEvent mouseFrom(const QMouseEvent& event) {
+  const QPointF at = event.position() * static_cast<qreal>(twipsPerPixel);
+  return {bits(event.buttons()), static_cast<float>(at.x()), static_cast<float>(at.y())};
+}
+
+// A key held down presses a button once, but moves on.
+std::optional<Key> keyFrom(const QKeyEvent& event) {
+  constexpr Qt::KeyboardModifiers ours = Qt::ShiftModifier | Qt::KeypadModifier;
+  if (event.modifiers() & ~ours) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_Tab:
+      return Key::Tab;
+    case Qt::Key_Backtab:
+      return Key::BackTab;
+    case Qt::Key_Left:
+      return Key::Left;
+    case Qt::Key_Right:
+      return Key::Right;
+    case Qt::Key_Up:
+      return Key::Up;
+    case Qt::Key_Down:
+      return Key::Down;
+    default:
+      break;
+  }
+  if (event.isAutoRepeat()) return std::nullopt;
+  switch (event.key()) {
+    case Qt::Key_PageUp:
+      return Key::PageUp;
+    case Qt::Key_PageDown:
+      return Key::PageDown;
+    case Qt::Key_Backspace:
+      return Key::Backspace;
+    case Qt::Key_F1:
+      return Key::F1;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      return Key::Return;
+    case Qt::Key_Escape:
+      return Key::Escape;
+    default:
+      break;
+  }
+  // Letters, digits and the space bar have their characters' codes in Qt as well.
+  if (event.key() > Qt::Key_AsciiTilde) return std::nullopt;
+  return static_cast<Key>(event.key());
+}
+
 }  // namespace
 
 ScreenWindow::ScreenWindow(QtDesktop& desktop, Screen& screen)
@@ -36,14 +91,17 @@ ScreenWindow::ScreenWindow(QtDesktop& desktop, Screen& screen)
   setWindowTitle(QString::fromStdString(screen.caption));
   setAttribute(Qt::WA_OpaquePaintEvent);
   for (Widget* widget : screen.drawingOrder()) {
-    views_.emplace_back(desktop, *widget, *this);
+    views_.push_back(new View(desktop.pictures(), *widget, *this));
     drawnOrder_.push_back(widget);
   }
-  setFocus();  // No button is chosen before the keyboard is used.
+  setMouseTracking(true);
 }
 
 void ScreenWindow::refresh() {
-  for (View& view : views_) view.refresh();
+  for (View* view : views_) {
+    const Widget* widget = &view->widget();
+    view->refresh({.focused = widget == screen_->focus(), .down = widget == screen_->sunk()});
+  }
   raiseInDrawingOrder();
 }
 
@@ -57,8 +115,8 @@ void ScreenWindow::raiseInDrawingOrder() {
   }
   for (; wanted != order.end(); ++wanted) {
     const auto found = std::find_if(views_.begin(), views_.end(),
-                                    [&](const View& view) { return &view.widget() == *wanted; });
-    if (found != views_.end()) found->raise();
+                                    [&](const View* view) { return &view->widget() == *wanted; });
+    if (found != views_.end()) (*found)->raise();
   }
   drawnOrder_.assign(order.begin(), order.end());
 }
@@ -83,8 +141,6 @@ void ScreenWindow::present(ScreenWindow* backdrop) {
 
 void ScreenWindow::dismiss() {
   screen_ = nullptr;
-  views_.clear();
-  setEnabled(false);  // Whatever is still on its way to a button or a die comes to nothing.
   hide();
   deleteLater();
 }
@@ -112,7 +168,7 @@ bool ScreenWindow::event(QEvent* event) {
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // The desktop takes it off the display, in its order.
-  if (screen_) desktop_.run([this] { desktop_.unload(screen_->name()); });
+  if (screen_) desktop_.handle(desktop_.now(), [this] { desktop_.unload(screen_->name()); });
 }
 
 void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
@@ -127,10 +183,32 @@ void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ScreenWindow::mousePressEvent(QMouseEvent* event) {
-  if (!screen_) return;
+  if (!screen_ || desktop_.pressMouse(desktop_.now(), *screen_, mouseFrom(*event))) return;
   // A page without a title bar is moved by its background.
   if (screen_->frame == Frame::ThinLine && event->button() == Qt::LeftButton)
     windowHandle()->startSystemMove();
+}
+
+void ScreenWindow::mouseMoveEvent(QMouseEvent* event) {
+  if (screen_) desktop_.moveMouse(desktop_.now(), *screen_, mouseFrom(*event));
+}
+
+void ScreenWindow::mouseReleaseEvent(QMouseEvent* event) {
+  if (screen_) desktop_.releaseMouse(desktop_.now(), *screen_, mouseFrom(*event), bits(event->button()));
+}
+
+void ScreenWindow::keyPressEvent(QKeyEvent* event) {
+  const std::optional<Key> key = keyFrom(*event);
+  if (screen_ && key) {
+    desktop_.pressKey(desktop_.now(), *screen_, *key);
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+// Tab is a key like any other: the screen knows what the keyboard has chosen.
+bool ScreenWindow::focusNextPrevChild(bool /*next*/) {
+  return false;
 }
 
 }  // namespace platform::qt

@@ -3,13 +3,14 @@
 
 #include <QMargins>
 #include <QWidget>
-#include <deque>
 #include <vector>
 
 #include "platform/qt/views.h"
 #include "platform/screen.h"
 
 namespace platform::qt {
+
+class QtDesktop;
 
 class ScreenWindow final : public QWidget {
  public:
@@ -30,13 +31,17 @@ class ScreenWindow final : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
   void place();
   void raiseInDrawingOrder();
 
   QtDesktop& desktop_;
-  Screen* screen_;  // Null once dismissed.
-  std::deque<View> views_;
+  Screen* screen_;            // Null once dismissed.
+  std::vector<View*> views_;  // Owned by Qt.
   std::vector<const Widget*> drawnOrder_;
   QMargins frame_;  // As it was when the window was last placed.
 };

@@ -1,15 +1,14 @@
-// What the widgets of a screen look like, and how the mouse and the keyboard reach them.
+// What the widgets of a screen look like.
 #pragma once
 
 #include <QTextLayout>
 #include <QWidget>
 #include <optional>
 
+#include "platform/qt/pictures.h"
 #include "platform/widget.h"
 
 namespace platform::qt {
-
-class QtDesktop;
 
 inline constexpr float twipsPerPixel = 15;  // At 96 dots per inch; Qt adds the display's own scale.
 
@@ -23,23 +22,32 @@ QFont fontFor(const Font& font);
 /// pixels.
 qreal layOutText(QTextLayout& text, const Appearance& look);
 
-/// Makes the Qt widget that shows `widget` and hands mouse and keyboard on to its handlers. It belongs to
-/// `parent`; `widget` must outlive it.
-class View {
+/// How the keyboard and the mouse have a widget, as far as that shows.
+struct ViewState {
+  bool focused = false;  ///< The keyboard has chosen it.
+  bool down = false;     ///< The mouse holds it down.
+
+  friend bool operator==(const ViewState&, const ViewState&) = default;
+};
+
+/// The Qt widget that shows `widget`, from one `refresh` to the next. It hears nothing itself: its window hears for
+/// all.
+class View final : public QWidget {
  public:
-  View(QtDesktop& desktop, Widget& widget, QWidget& parent);
+  View(Pictures& pictures, const Widget& widget, QWidget& parent);
 
-  /// Brings the Qt widget up to date if anything that can be seen has changed since the last time.
-  void refresh();
-
-  void raise() { shown_->raise(); }
+  /// Brings it up to date if anything that can be seen has changed since the last time.
+  void refresh(ViewState state);
 
   const Widget& widget() const { return widget_; }
 
  private:
-  Widget& widget_;
+  void paintEvent(QPaintEvent* event) override;
+
+  Pictures& pictures_;
+  const Widget& widget_;
   std::optional<Appearance> drawn_;  // As it was last shown; nothing before the first time.
-  QWidget* shown_;                   // Owned by its Qt parent.
+  ViewState state_;
 };
 
 }  // namespace platform::qt

@@ -29,14 +29,17 @@ bool SimulatedDesktop::click(std::string_view screen, std::string_view name) {
   return clicked != nullptr && click(now_, *clicked);
 }
 
-void SimulatedDesktop::moveMouse(std::string_view screen, std::string_view name, MouseEvent event) {
-  const Widget* under = widget(screen, name);
-  if (under && under->visible && under->onMouseMove) handle(now_, [&] { under->onMouseMove(event); });
+void SimulatedDesktop::drag(std::string_view screen, MouseEvent from, MouseEvent to) {
+  Screen* shown = find(screen);
+  if (!shown) return;
+  pressMouse(now_, *shown, from);
+  moveMouse(now_, *shown, to);
+  const int button = std::exchange(to.buttons, 0);
+  releaseMouse(now_, *shown, to, button);
 }
 
-void SimulatedDesktop::releaseMouse(std::string_view screen, std::string_view name, MouseEvent event) {
-  const Widget* under = widget(screen, name);
-  if (under && under->visible && under->onMouseUp) handle(now_, [&] { under->onMouseUp(event); });
+void SimulatedDesktop::pressKey(std::string_view screen, Key key) {
+  if (Screen* shown = find(screen)) pressKey(now_, *shown, key);
 }
 
 void SimulatedDesktop::closeWindow(std::string_view screen) {

@@ -29,7 +29,6 @@ class SimulatedDesktop final : public Desktop {
  public:
   // What the display is like.
   Size display{19200, 15360};
-  FrameExtents frame{};
   /// Their own sizes, or nothing for those that cannot be read; any other picture is 1500 by 1500.
   std::map<std::string, std::optional<Size>, std::less<>> pictures;
 
@@ -37,6 +36,7 @@ class SimulatedDesktop final : public Desktop {
   std::vector<std::string> sounds;
   std::vector<std::string> documents;
   std::vector<Pointer> pointers;
+  std::vector<std::string> said;
   bool ended = false;
 
   Moment now() const { return now_; }
@@ -53,12 +53,17 @@ class SimulatedDesktop final : public Desktop {
   /// nothing to click there: the screen is not open, or the widget is hidden, disabled or deaf to clicks.
   bool click(std::string_view screen, std::string_view name);
 
-  /// Moves the mouse over a widget with these buttons held; x and y in twips from the widget's top left
-  /// corner.
-  void moveMouse(std::string_view screen, std::string_view name, MouseEvent event);
+  using Desktop::moveMouse;
+  using Desktop::pressKey;
+  using Desktop::pressMouse;
+  using Desktop::releaseMouse;
 
-  /// Lets a mouse button go over a widget.
-  void releaseMouse(std::string_view screen, std::string_view name, MouseEvent event = {});
+  /// Drags with these buttons from one place of an open screen's client area to another, in twips, and lets
+  /// go.
+  void drag(std::string_view screen, MouseEvent from, MouseEvent to);
+
+  /// Presses a key while an open screen has the keyboard.
+  void pressKey(std::string_view screen, Key key);
 
   /// Closes a screen with its window's own close control.
   void closeWindow(std::string_view screen);
@@ -67,7 +72,6 @@ class SimulatedDesktop final : public Desktop {
   Widget* widget(std::string_view screen, std::string_view name) const;
 
   Size displaySize() const override { return display; }
-  FrameExtents titleBarFrame() const override { return frame; }
   std::optional<Size> readPicture(std::string_view path) override;
   void playSound(std::string_view path) override { sounds.emplace_back(path); }
   void openDocument(std::string_view target) override { documents.emplace_back(target); }
@@ -78,7 +82,8 @@ class SimulatedDesktop final : public Desktop {
  private:
   void present(Screen& /*screen*/) override {}
   void dismiss(Screen& /*screen*/) override {}
-  void refresh(Screen& /*screen*/) override {}
+  void refresh() override {}
+  void announce(const std::string& words) override { said.push_back(words); }
 
   Moment now_{};
   SimulatedChance chance_;

@@ -5,8 +5,8 @@
 #include <iostream>
 #include <map>
 
-#include "game/scoring.h"
-#include "tests/simulated_program.h"
+#include "game/numbers.h"
+#include "simulated_program.h"
 
 namespace {
 

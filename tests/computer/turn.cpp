@@ -1,7 +1,7 @@
 // The computer's turn as it is seen and heard, to the millisecond.
 #include <map>
 
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 namespace {
 

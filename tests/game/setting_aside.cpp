@@ -1,6 +1,6 @@
 // Where dropped dice go, and who may move them.
 
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 TEST(SettingAside, FollowsTheIconsAndTheHomeRow) {
   // Face of all dice, icons some lie on, die dropped and where ('-': just let go), places, sounds.
@@ -17,7 +17,8 @@ TEST(SettingAside, FollowsTheIconsAndTheHomeRow) {
       1 - 2 7700 4300 hhhhh click       1 - 1 10080 4320 hhhhh click      1 - 3 6480 4320 hhhhh click+click
       1 - 0 6100 4320 hhhhh click       1 - 1 6100 4320 hhhhh click+click 1 - 2 4792.5 4320 hh?hh -
       1 - 2 11055 4320 hh?hh -          1 - 2 4793 3833 hhhhh click+click 1 - 2 11054.5 5294.5 hhhhh click
-      1 - 2 7680 3832.5 hh?hh -         1 - 2 7680 5295 hh?hh -           1 - 2 -3000 20000 hh?hh -
+      1 - 2 7680 3832.5 hh?hh -         1 - 2 7680 5295 hh?hh -           1 - 2 2760 5040 hh3hh key
+      6 - 2 2760 1440 hh0hh key         1 - 2 2760 6240 hh4hh key         1 3 2 2760 5040 3hhhh key+click
       6 0 2 2700 1500 0h0hh key         6 3 2 2700 5100 3hhhh key+click   6 -4 2 2700 6300 h4hhh key+click
       6 0 0 - - 0hhhh key               6 3 0 - - hhhhh key+click         6 -4 1 - - hhhhh key+click)")) {
     SCOPED_TRACE(face + " at " + left + ", " + top);
@@ -26,7 +27,7 @@ TEST(SettingAside, FollowsTheIconsAndTheHomeRow) {
     game.dragDice(icons);
     game.heard();
     const std::size_t die = std::stoul(number);
-    if (left.empty()) game.desktop.releaseMouse(game.board, "Label4(" + number + ")", {.buttons = 2});
+    if (left.empty()) game.desktop.drag(game.board, game.middleOf(die, 2), game.middleOf(die, 2));
     if (!left.empty()) game.drag(die, std::stof(left), std::stof(top));
     EXPECT_TRUE(places[die] != '?' || game.die(die).left == std::stof(left));
     EXPECT_EQ(game.places() + " " + game.heard(), places + " " + sounds);
@@ -37,12 +38,14 @@ TEST(SettingAside, MovesADieInFrontOfTheOthersWithTheLeftButtonAlone) {
   tests::SimulatedProgram game(2);
   game.throwFaces("65432");
   for (const int buttons : {0, 2, 3, 4, 5}) {
-    game.desktop.moveMouse(game.board, "Label4(1)", {.buttons = buttons, .shift = 0, .x = 9, .y = 9});
+    const platform::MouseEvent over = game.middleOf(1, buttons);
+    game.desktop.drag(game.board, over, {buttons, over.x + 9, over.y});
     EXPECT_EQ(game.places(), "hhhhh") << buttons;
     EXPECT_EQ(game.desktop.find(game.board)->drawingOrder().back(), &game.die(1)) << buttons;
-    game.desktop.moveMouse(game.board, "Label4(2)", {});
+    game.desktop.drag(game.board, game.middleOf(2, 0), game.middleOf(2, 0));
   }
-  game.drag(1, 600, 5000);
+  game.drag(1, -9000, 20000);  // However far the mouse goes, the die stays within reach.
+  EXPECT_EQ(std::tuple(game.die(1).left, game.die(1).top), std::tuple(-487.5F, 8445 - 487.5F));
   game.dragDice("-3");  // From nowhere it can be dragged on.
   EXPECT_EQ(game.places(), "h3hhh");
 }

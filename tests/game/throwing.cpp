@@ -2,7 +2,7 @@
 
 #include "game/throwing.h"
 
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 TEST(Throwing, RollsAndSettlesToTheMillisecond) {
   tests::SimulatedProgram game(2);

@@ -1,6 +1,6 @@
 // How a turn is scored and handed over, four rounds of turns, how the game ends and starts afresh.
 
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 static const std::array<std::pair<std::string, platform::Colour>, 4> seats{{{"ORANGE", {255, 128, 0}},
                                                                             {"MAGENTA", {255, 0, 255}},

@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "platform/files.h"
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 using std::chrono::milliseconds;
 

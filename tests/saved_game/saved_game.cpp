@@ -5,7 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The road through the program's screens, their places, what they do without pictures, the throw to try out.
 
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 TEST(Screens, LeadWhereTheirButtonsSay) {
   const tests::EmptyFolder elsewhere;  // Leaving a board saves its game.
@@ -61,11 +61,10 @@ TEST(Screens, StandInTheMiddleOfTheDisplay) {
     tests::SimulatedProgram program;
     platform::SimulatedDesktop& desktop = program.desktop;
     desktop.display = {width, height};
-    desktop.frame = {.left = 60, .top = 405, .right = 60, .bottom = 75};
+    const platform::FrameExtents frame{.left = 60, .top = 405, .right = 60, .bottom = 75};
     desktop.click("Titlefrm", "Label5");
     EXPECT_EQ(desktop.widget("Startplay2", "Check3")->visible, width > 12000);
-    expectPlace(*desktop.find("Startplay2"), {(width - 5565) / 2, (height - 7050) / 2, 5565, 7050},
-                desktop.frame);
+    expectPlace(*desktop.find("Startplay2"), {(width - 5565) / 2, (height - 7050) / 2, 5565, 7050}, frame);
     for (const char* large :
          {"Wembickrules", "Wembickrules2", "Wembickrules2b", "tolvane", "tolvanecomputer"}) {
       desktop.start(large);

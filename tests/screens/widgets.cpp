@@ -4,7 +4,7 @@
 #include <fstream>
 #include <map>
 
-#include "tests/simulated_program.h"
+#include "simulated_program.h"
 
 // "255,128,0"; "-" for none.
 static std::string written(const std::optional<platform::Colour>& colour) {

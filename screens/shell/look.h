@@ -6,7 +6,7 @@
 
 #include "platform/widget.h"
 
-namespace game::look {
+namespace shell::look {
 
 using platform::Alignment;
 using platform::Appearance;
@@ -14,7 +14,9 @@ using platform::Colour;
 using platform::Font;
 
 inline constexpr Colour orange{255, 128, 0};
+inline constexpr Colour magenta{255, 0, 255};
 inline constexpr Colour yellow{255, 255, 0};
+inline constexpr Colour green{0, 255, 0};
 inline constexpr Colour navy{0, 0, 128};
 
 /// The line at the foot of every screen but the rules.
@@ -71,7 +73,11 @@ inline Appearance button(Box box, Font font, Colour colour, std::string_view tex
 
 /// A box for a picture, empty until one is loaded.
 inline Appearance picture(Box box) {
-  return {.left = box.left, .top = box.top, .width = box.width, .height = box.height};
+  return {.left = box.left,
+          .top = box.top,
+          .width = box.width,
+          .height = box.height,
+          .role = platform::Role::Decoration};
 }
 
 inline Appearance hidden(Appearance look) {
@@ -79,4 +85,4 @@ inline Appearance hidden(Appearance look) {
   return look;
 }
 
-}  // namespace game::look
+}  // namespace shell::look

@@ -22,10 +22,10 @@ inline constexpr std::string_view aooga = R"(wav\aooga.wav)";
 
 }  // namespace sounds
 
-namespace screens {
+namespace shell {
 
 /// Plays a sound file and returns at once; it cuts off the sound still playing. Whether a sound is wanted is
 /// the caller's to ask: every call is made only when `soundOn` is 1.
 void playwav(platform::Desktop& desktop, std::string_view path);
 
-}  // namespace screens
+}  // namespace shell

@@ -1,6 +1,6 @@
-#include "screens/fitscreen.h"
+#include "screens/shell/fitscreen.h"
 
-namespace screens {
+namespace shell {
 
 namespace {
 
@@ -13,9 +13,8 @@ void placeInMiddle(const platform::Desktop& desktop, platform::Screen& screen) {
 }  // namespace
 
 void centre(const platform::Desktop& desktop, platform::Screen& screen) {
-  const platform::FrameExtents frame = desktop.titleBarFrame();
-  screen.width = screen.client.width + frame.left + frame.right;
-  screen.height = screen.client.height + frame.top + frame.bottom;
+  screen.width = 0;
+  screen.height = 0;
   placeInMiddle(desktop, screen);
 }
 
@@ -27,4 +26,4 @@ void fitscreen(platform::Desktop& desktop, platform::Screen& screen) {
   desktop.setPointer(platform::Pointer::Default);
 }
 
-}  // namespace screens
+}  // namespace shell

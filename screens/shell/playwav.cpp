@@ -1,9 +1,9 @@
-#include "screens/playwav.h"
+#include "screens/shell/playwav.h"
 
-namespace screens {
+namespace shell {
 
 void playwav(platform::Desktop& desktop, std::string_view path) {
   desktop.playSound(path);
 }
 
-}  // namespace screens
+}  // namespace shell
