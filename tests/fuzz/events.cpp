@@ -1,4 +1,5 @@
-// A player made of bytes: whatever it does, on any screen at any moment, the game stays whole and can be played on.
+// A player made of bytes: whatever it does, on any screen at any moment, the game stays whole and can be
+// played on.
 #include <fuzzer/FuzzedDataProvider.h>
 #include <iostream>
 
@@ -9,10 +10,11 @@ namespace {
 
 using platform::Key;
 
-constexpr Key keys[] = {Key::Tab,       Key::BackTab, Key::Left,     Key::Right,  Key::Up,  Key::Down,   Key::Space,
-                        Key::Backspace, Key::PageUp,  Key::PageDown, Key::Return, Key::F1,  Key::Escape, Key{'1'},
-                        Key{'2'},       Key{'3'},     Key{'4'},      Key{'5'},    Key{'6'}, Key{'D'},    Key{'R'},
-                        Key{'S'},       Key{'T'},     Key{'W'},      Key{'X'}};
+constexpr Key keys[] = {Key::Tab,    Key::BackTab, Key::Left,      Key::Right,  Key::Up,
+                        Key::Down,   Key::Space,   Key::Backspace, Key::PageUp, Key::PageDown,
+                        Key::Return, Key::F1,      Key::Escape,    Key{'1'},    Key{'2'},
+                        Key{'3'},    Key{'4'},     Key{'5'},       Key{'6'},    Key{'D'},
+                        Key{'R'},    Key{'S'},     Key{'T'},       Key{'W'},    Key{'X'}};
 
 constexpr int waits[] = {1, 5, 20, 249, 250, 251, 399, 1000, 2100, 2100, 2100, 4000, 4000, 60000, 3600000};
 
@@ -43,10 +45,13 @@ class Game : tests::SimulatedProgram {
   explicit Game(FuzzedDataProvider& bytes) : bytes_(bytes) {}
 
   void play(bool toTheEnd) {
+    using Plays = tests::PatientPlayer::Plays;
+    const auto plays = bytes_.ConsumeBool() ? Plays::ByKeys : Plays::ByMouse;
     const int players = bytes_.ConsumeIntegralInRange(1, 4);
     for (int luck = bytes_.ConsumeIntegral<std::uint8_t>(); luck > 0; --luck) desktop.chance().next();
     while (bytes_.remaining_bytes() > 0 && !desktop.ended) act();
-    if (toTheEnd) require(player_.finish(players), "a player can go on to the end of the game");
+    if (!toTheEnd) return;
+    require(player_.finish(players, plays), "a player can go on to the end of the game");
   }
 
  private:
@@ -67,11 +72,19 @@ class Game : tests::SimulatedProgram {
               .throws = counted ? game::numberShown(at("Label8").text.substr(6)) : 0,
               .handingOver = player_.handingOver(),
               .rolling = player_.rolling(),
-              .computerToPlay = player_.computerToPlay(),
-              .faces = faces(),
-              .places = places()};
-    for (std::size_t i = 0; i < 4; ++i) now.totals[i] = game::numberShown(at(platform::indexed("Label5", i)).text);
-    for (std::size_t i = 0; i < game::diceCount; ++i) now.dice.emplace_back(die(i).left, die(i).top);
+              .computerToPlay = player_.computerToPlay()};
+    for (std::size_t i = 0; i < 4; ++i) {
+      now.totals[i] = game::numberShown(at(platform::indexed("Label5", i)).text);
+    }
+    bool home = true;
+    for (std::size_t i = 0; i < game::diceCount; ++i) {
+      const platform::Widget& lying = die(i);
+      require(lying.visible, "five dice are seen");
+      now.faces += lying.text.empty() ? "-" : lying.text;
+      now.dice.emplace_back(lying.left, lying.top);
+      home = home && game::samePlace(lying, this->home(i));
+    }
+    now.places = home ? "hhhhh" : places();
     return now;
   }
 
@@ -148,7 +161,9 @@ class Game : tests::SimulatedProgram {
 
   int button() { return 1 << std::max(0, bytes_.ConsumeIntegralInRange(-5, 2)); }
   // A deed of several steps may close its screen.
-  bool open() { return std::ranges::any_of(desktop.openScreens(), [this](auto& s) { return s.get() == screen_; }); }
+  bool open() {
+    return std::ranges::any_of(desktop.openScreens(), [this](auto& s) { return s.get() == screen_; });
+  }
   void press() {
     mouse_.buttons |= button();
     if (open()) desktop.pressMouse(desktop.now(), *screen_, mouse_);
@@ -163,18 +178,19 @@ class Game : tests::SimulatedProgram {
   }
 
   void wait(int milliseconds) {
+    const std::string open = screens();
+    auto before = table();
     while (milliseconds > 0) {
-      const auto before = table();
-      const std::string open = screens();
-      // In steps so short that no two turns end in one, as long as there is anything to happen.
-      const bool calm = !desktop.nextTick() || (before && before->gameOver());
-      const int step = calm ? milliseconds : std::min(milliseconds, 1000);
+      // In steps so short that no two turns end in one; but the end of a game is the same after an hour.
+      const bool flashing = before && before->gameOver();
+      const int step = !desktop.nextTick() ? milliseconds : std::min(milliseconds, 1000);
       desktop.advance(step);
-      milliseconds -= step;
-      const auto after = table();
+      milliseconds -= flashing ? milliseconds : step;
+      auto after = table();
       expectWhole(after);
       require(screens() == open, "screens come and go by the player's hand");
       if (before) expectTime(*before, *after);
+      before = std::move(after);
     }
   }
 
@@ -186,7 +202,8 @@ class Game : tests::SimulatedProgram {
     const int others = count("Titlefrm", "Startplay2", "tolvane", "tolvanecomputer");
     require(others <= 1, "one screen leads to the next");
     require(desktop.ended || pages + others > 0, "a program without a screen has ended");
-    require(desktop.openScreens().size() == static_cast<std::size_t>(pages + others + count("Grey")), "once each");
+    require(desktop.openScreens().size() == static_cast<std::size_t>(pages + others + count("Grey")),
+            "once each");
     finished_ = now && (finished_ || now->gameOver());
     if (!now) return;
     const int players = options.playerCount;
@@ -195,18 +212,23 @@ class Game : tests::SimulatedProgram {
     require(now->round <= 5 && now->round >= (now->handingOver ? 0 : 1), "the rounds are counted");
     require(now->throws <= 3, "a turn has three throws");
     for (std::size_t seat = 0; seat < 4; ++seat) {
-      require(now->totals[seat] >= 0 && now->totals[seat] <= opened_[seat] + 12 * now->round, "nobody has too much");
+      require(now->totals[seat] >= 0 && now->totals[seat] <= opened_[seat] + 12 * now->round,
+              "nobody has too much");
     }
+    const platform::Size client = desktop.find(board)->client;
+    const float half = die(0).width / 2;
+    require(now->faces.find_first_not_of("-123456") == std::string::npos && now->faces.size() == 5,
+            "five dice");
     for (std::size_t i = 0; i < game::diceCount; ++i) {
       const auto [left, top] = now->dice[i];
-      const float half = die(i).width / 2;
-      const platform::Size client = desktop.find(board)->client;
-      require(die(i).visible && (now->faces[i] == '-' || ('1' <= now->faces[i] && now->faces[i] <= '6')), "five dice");
-      require(-half <= left && left <= client.width - half && -half <= top && top <= client.height - half, "in reach");
+      require(-half <= left && left <= client.width - half && -half <= top && top <= client.height - half,
+              "in reach");
       const auto icon = static_cast<std::size_t>(now->places[i] - '0');
       if (icon >= game::icons.size()) continue;
-      require(game::accepts(static_cast<game::IconKind>(icon), now->faces.substr(i, 1), false), "icons take their faces");
-      require(icon < 3 || std::ranges::count(now->places, now->places[i]) == 1, "CREW and CARGO take one die");
+      require(game::accepts(static_cast<game::IconKind>(icon), now->faces.substr(i, 1), false),
+              "icons take their faces");
+      require(icon < 3 || std::ranges::count(now->places, now->places[i]) == 1,
+              "CREW and CARGO take one die");
     }
     if (now->untouchable()) {
       require(!now->gameOver() || at("Label6").text == "END OF GAME", "the end of the game is seen");
@@ -219,7 +241,8 @@ class Game : tests::SimulatedProgram {
   void expectOpening(const Table& now, bool fresh) {
     counterIsOld_ = false;
     opened_ = now.totals;
-    require(now.faces + now.places == "-----hhhhh" && now.throws == 0, "a board opens before the first throw");
+    require(now.faces + now.places == "-----hhhhh" && now.throws == 0,
+            "a board opens before the first throw");
     require(fresh || left_, "only a game that was left is taken up again");
     const Table expected = fresh ? Table{.round = 1} : *left_;
     require(now.seat == expected.seat && now.round == expected.round && now.totals == expected.totals,
@@ -231,10 +254,12 @@ class Game : tests::SimulatedProgram {
     if (before.handingOver) return require(now == before, "a hand-over refuses everything");
     if (now.round == 0) {  // New Game.
       opened_ = now.totals;
-      for (int seat = 0; seat < options.playerCount; ++seat) require(now.totals[static_cast<std::size_t>(seat)] == 0, "a new game has no points");
+      for (int seat = 0; seat < options.playerCount; ++seat)
+        require(now.totals[static_cast<std::size_t>(seat)] == 0, "a new game has no points");
       return require(now.seat == 0 && now.handingOver, "a new game begins with Orange");
     }
-    if (before.untouchable()) return require(now == before, "nothing moves while dice roll or another is to play");
+    if (before.untouchable())
+      return require(now == before, "nothing moves while dice roll or another is to play");
     require(now.faces == before.faces && now.round == before.round, "a hand turns no die");
     if (now.handingOver) return expectScore(before, now);
     require(now.totals == before.totals && now.seat == before.seat, "points come with the end of a turn");
@@ -244,7 +269,8 @@ class Game : tests::SimulatedProgram {
   /// A second at most took a board from `before` to `now`.
   void expectTime(const Table& before, const Table& now) {
     if (before.handingOver == now.handingOver) {
-      require(now.totals == before.totals && now.seat == before.seat && now.round == before.round, "points come with the end of a turn");
+      require(now.totals == before.totals && now.seat == before.seat && now.round == before.round,
+              "points come with the end of a turn");
       require(now.dice == before.dice || now.computerToPlay, "dice lie still");
       require(now == before || before.rolling || now.computerToPlay, "nothing happens by itself");
     } else if (now.handingOver) {
@@ -266,8 +292,10 @@ class Game : tests::SimulatedProgram {
     auto totals = before.totals;
     totals[static_cast<std::size_t>(before.seat)] += points;
     require(now.totals == totals, "a total rises by its turn's score");
-    require(at("Label9").visible && at("Label9").text == std::to_string(points) + " SCORED", "the score is shown");
-    require(now.seat == (before.seat + 1) % options.playerCount && now.round == before.round, "the next seat follows");
+    require(at("Label9").visible && at("Label9").text == std::to_string(points) + " SCORED",
+            "the score is shown");
+    require(now.seat == (before.seat + 1) % options.playerCount && now.round == before.round,
+            "the next seat follows");
   }
 
   FuzzedDataProvider& bytes_;
