@@ -87,7 +87,9 @@ TEST(Screens, GoOnWithoutTheirPictures) {
   expectPlace(*program.desktop.find("Startplay2"), {3600, 3180, 12000, 9000});
   EXPECT_FALSE(program.desktop.widget("Startplay2", "Check3")->visible);
   program.desktop.click("Startplay2", "Label6");
-  EXPECT_EQ(program.desktop.widget("Wembickrules", "Image1")->picture, "");
+  const platform::Widget& start = *program.desktop.widget("Wembickrules", "Image1");
+  EXPECT_EQ(start.picture, "");
+  EXPECT_EQ((platform::Size{start.width, start.height}), (platform::Size{2835, 3525}));
   program.desktop.click("Startplay2", "Label3(0)");
   expectPlace(*program.desktop.find("Titlefrm"), {3600, 3180, 12000, 9000});
   program.openBoard(2);
