@@ -110,16 +110,19 @@ struct Panel final : platform::Screen {
     parts["c"].onClick = [this] { note("c"), parts["c"].enabled = false; };
     parts["c"].key = platform::Key{'C'};
     parts["n"].key = platform::Key::Return;
+    parts["o"].key = platform::Key{'X'};  // Never heard: the screen itself comes first.
     parts["n"].onClick = [this] {
       desktop().say("Off we");
       desktop().show("Second");
       desktop().say("go.");
     };
   }
-  void onKey(platform::Key key) override {
+  bool onKey(platform::Key key) override {
     const bool right = key == platform::Key::Right, left = key == platform::Key::Left;
+    const bool own = key == platform::Key{'X'} || (focus() == &parts["d"] && key == platform::Key::Space);
     if (right || left) moveFocusAlong(20, right ? 1 : -1);
-    if (!right && !left) note(std::string("key") + static_cast<char>(key));
+    if (own) note(std::string("key") + static_cast<char>(key));
+    return right || left || own;
   }
   void note(const std::string& what, const std::optional<platform::MouseEvent>& mouse = {}) const {
     std::ostringstream text;
@@ -206,9 +209,9 @@ TEST(Keyboard, ChoosesAndClicks) {
       tab+tab+tab+tab+tab+tab <a>+<c>+<o>+<n>+<d>+<a>      back+back+back+back+back+back <d>+<n>+<o>+<c>+<a>+<d>
       back+right+right+left+left <d>+<f>+<d>               right+left+right <d>+<f>
       back+right+tab+back+back+tab <d>+<f>+<a>+<f>+<n>+<f> back+right+tab+right <d>+<f>+<a>+<f>
-      tab+space+return <a>+a+a                             tab+tab+space+space+tab <a>+<c>+c+key++<o>
-      back+space+X <d>+key++keyX                           space+X key++keyX
-      back+back+back+space+space <d>+<n>+<o>+o!+o          C+C+tab+tab c+keyC+<a>+<o>
+      tab+space+return <a>+a+a                             tab+tab+space+space+tab <a>+<c>+c+<o>
+      back+space+X+right+space <d>+key++keyX+<f>           space+X keyX
+      back+back+back+space+space <d>+<n>+<o>+o!+o          C+C+tab+tab c+<a>+<o>
       tab+C+space <a>+c+a                                  return+tab+return Off+we+go.+<a>+(a)
       tab+return <a>+a                                     back+back+space <d>+<n>+Off+we+go.)")) {
     EXPECT_EQ(heardOf(events), heard) << events;

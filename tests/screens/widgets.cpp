@@ -37,7 +37,7 @@ static std::string row(const std::string& screen, const platform::Widget& widget
   std::ostringstream font, border;
   font << widget.font.family << ' ' << widget.font.points << (widget.font.bold ? " bold" : "");
   if (widget.border) border << written(widget.borderColour) << " " << widget.borderWidth;
-  const bool wordless = widget.role == platform::Role::Decoration;
+  const bool wordless = widget.role == platform::Role::Decoration && widget.text.empty();
   return cells(screen, widget.name, widget.left, widget.top, widget.width, widget.height,
                wordless ? "-" : font.str(), wordless ? "-" : written(widget.textColour),
                written(widget.background), alignments[static_cast<int>(widget.alignment)], border.str(),
