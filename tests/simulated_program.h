@@ -151,9 +151,13 @@ class SimulatedProgram {
     return shown;
   }
 
-  /// What the players see: "TURN OVER, ROUND 1 OF 4, 65432 01234, 5 SCORED, 5 0", the last being the totals.
+  /// What the players see: "TURN OVER, ROUND 1 OF 4, THROW 2, 65432 01234, hint, 5 SCORED, 5 0", the last
+  /// being the totals; of the throw counter, the hint and the score only what is shown.
   std::string view() {
-    std::string seen = at("Label1").text + ", " + at("Label6").text + ", " + faces() + " " + places() + ",";
+    std::string seen = at("Label1").text + ", " + at("Label6").text + ", ";
+    if (at("Label8").visible) seen += at("Label8").text + ", ";
+    seen += faces() + " " + places() + ",";
+    if (at("Label10").visible) seen += " hint,";
     if (at("Label9").visible) seen += " " + at("Label9").text + ",";
     for (const char* total : {"Label5(0)", "Label5(1)", "Label5(2)", "Label5(3)"}) {
       if (at(total).visible) seen += " " + at(total).text;

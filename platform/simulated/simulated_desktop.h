@@ -37,6 +37,7 @@ class SimulatedDesktop final : public Desktop {
   std::vector<std::string> documents;
   std::vector<Pointer> pointers;
   std::vector<std::string> said;
+  int refreshes = 0;  ///< How often the view was brought up to date.
   bool ended = false;
 
   Moment now() const { return now_; }
@@ -82,7 +83,7 @@ class SimulatedDesktop final : public Desktop {
  private:
   void present(Screen& /*screen*/) override {}
   void dismiss(Screen& /*screen*/) override {}
-  void refresh() override {}
+  void refresh() override { ++refreshes; }
   void announce(const std::string& words) override { said.push_back(words); }
 
   Moment now_{};

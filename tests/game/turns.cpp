@@ -33,14 +33,16 @@ TEST(Turn, IsScoredOrLost) {
       game.click("Label2(3)");
       game.desktop.advance(1249);
     }
-    EXPECT_TRUE(game.view().starts_with("ORANGE TO PLAY") && game.at("Label8").visible);
+    const std::string throwNumber = ", ROUND 1 OF 4, THROW " + std::string(third.empty() ? "1" : "3");
+    EXPECT_TRUE(game.view().starts_with("ORANGE TO PLAY" + throwNumber));
     game.heard();
     third.empty() ? game.dragDice("----" + icons.substr(4)) : game.desktop.advance(1);
     EXPECT_EQ(game.heard(), sounds);
     const bool over = !points.empty();
-    EXPECT_TRUE(game.view().starts_with("TURN OVER") == over && game.at("Label8").visible == !over);
+    EXPECT_TRUE(game.view().starts_with(over ? "TURN OVER, ROUND 1 OF 4, " + game.faces()
+                                             : "ORANGE TO PLAY" + throwNumber));
     const std::string total = over ? points + " SCORED, " + std::to_string(36 + std::stoi(points)) : "36";
-    EXPECT_TRUE(game.view().ends_with(", " + total + " 0 0")) << game.view();
+    EXPECT_TRUE(game.view().ends_with(", hint, " + total + " 0 0")) << game.view();
     game.desktop.advance(4000);
     EXPECT_TRUE(game.view().starts_with(over ? "MAGENTA TO PLAY" : "ORANGE TO PLAY"));
   }
@@ -60,8 +62,8 @@ TEST(Game, GivesEverySeatFourTurns) {
       const auto& [name, colour] = seats[turn % players];
       const std::string round = ", ROUND " + std::to_string(turn / players + 1) + " OF 4, ";
       game.drag(0, 600, 5000);  // Not before it is thrown.
-      EXPECT_TRUE(game.view().starts_with(name + " TO PLAY" + round + "----- hhhhh, ")) << game.view();
-      EXPECT_FALSE(game.at("Label8").visible);
+      const std::string fresh = "----- hhhhh, " + std::string(turn == 0 ? "0" : "hint, ");
+      EXPECT_TRUE(game.view().starts_with(name + " TO PLAY" + round + fresh)) << game.view();
       const bool lost = turn % 3 == 1;
       const std::string faces = lost ? "11121" : "6541" + std::to_string(1 + turn % 6);
       for (std::size_t i = 0; i < (turn % 3 == 0 ? 1 : 3); ++i)
@@ -74,7 +76,8 @@ TEST(Game, GivesEverySeatFourTurns) {
       for (const char* button : {"Label2(2)", "Label2(3)", "Label2(4)"}) game.click(button);
       for (std::size_t i = 0; i < 5; ++i) game.drag(i, 600, 5000);
       std::string over = "TURN OVER" + round + faces +
-                         (lost ? " hhhhh, 0" : " 01234, " + std::to_string(2 + turn % 6)) + " SCORED,";
+                         (lost ? " hhhhh, hint, 0" : " 01234, hint, " + std::to_string(2 + turn % 6)) +
+                         " SCORED,";
       for (const std::size_t total : totals) over += " " + std::to_string(total);
       EXPECT_EQ(game.view() + game.heard(), over);
       EXPECT_TRUE(wears(game, colour));
@@ -110,7 +113,7 @@ TEST(Game, NamesTheWinnerOrADraw) {
     for (const int ticks : {21, 33000}) {  // Once for seconds, and once for hours.
       endWith(game, totals);
       EXPECT_EQ(game.view(),
-                (draw ? "IT'S A DRAW" : name + " HAS WON!") + ", END OF GAME, ----- hhhhh, " + totals);
+                (draw ? "IT'S A DRAW" : name + " HAS WON!") + ", END OF GAME, ----- hhhhh, hint, " + totals);
       EXPECT_TRUE(wears(game, colour) && game.at("Label2(3)").background == colour);
       EXPECT_EQ(game.heard(), draw ? "klaxon" : "");
       for (int tick = 0; tick < ticks; ++tick) {
@@ -127,19 +130,23 @@ TEST(Game, NamesTheWinnerOrADraw) {
 
 TEST(Game, StartsAfreshFromEveryState) {
   using Program = tests::SimulatedProgram;
-  const std::function<void(Program&)> states[] = {
-      [](Program& game) { game.click("Label2(3)"); },
-      [](Program& game) { game.click("Label2(3)"), game.desktop.advance(400); },
-      [](Program& game) { game.click("Label2(3)"), game.desktop.advance(1600); },
-      [](Program& game) { game.throwFaces("65423"), game.dragDice("0-3"), game.drag(4, 600, 5000); },
-      [](Program& game) {
-        for (int i = 0; i < 3; ++i) game.throwFaces("65412");
-      },
-      [](Program& game) { endWith(game, "3 30 4"), game.desktop.advance(250); },
-      [](Program& game) { endWith(game, "3 30 30"); },
+  // How each is reached, and the throw counter, which stays until the next throw.
+  const std::pair<std::function<void(Program&)>, std::string> states[] = {
+      {[](Program& game) { game.click("Label2(3)"); }, "THROW 1, "},
+      {[](Program& game) { game.click("Label2(3)"), game.desktop.advance(400); }, "THROW 1, "},
+      {[](Program& game) { game.click("Label2(3)"), game.desktop.advance(1600); }, "THROW 1, "},
+      {[](Program& game) { game.throwFaces("65423"), game.dragDice("0-3"), game.drag(4, 600, 5000); },
+       "THROW 1, "},
+      {[](Program& game) {
+         for (int i = 0; i < 3; ++i) game.throwFaces("65412");
+       },
+       "THROW 3, "},
+      {[](Program& game) { endWith(game, "3 30 4"), game.desktop.advance(250); }, ""},
+      {[](Program& game) { endWith(game, "3 30 30"); }, ""},
   };
-  for (const auto& reach : states) {
-    SCOPED_TRACE(&reach - states);
+  for (const auto& state : states) {
+    SCOPED_TRACE(&state - states);
+    const auto& [reach, counter] = state;
     Program game(3);
     reach(game);
     game.heard();
@@ -147,13 +154,14 @@ TEST(Game, StartsAfreshFromEveryState) {
     EXPECT_EQ(game.heard(), "shipbell");
     for (const int wait : {1, 10000}) {  // Nothing of a throw or of the flashing comes later.
       game.desktop.advance(wait);
-      EXPECT_EQ(game.view() + game.heard(), "ORANGE TO PLAY, ROUND 1 OF 4, ----- hhhhh, 0 0 0");
+      EXPECT_EQ(game.view() + game.heard(),
+                "ORANGE TO PLAY, ROUND 1 OF 4, " + counter + "----- hhhhh, hint, 0 0 0");
       EXPECT_TRUE(wears(game, seats[0].second) && game.at("Label2(3)").background == platform::black);
     }
     game.throwFaces("65411");
-    EXPECT_EQ(game.at("Label8").text, "THROW 1");
+    EXPECT_EQ(game.view(), "ORANGE TO PLAY, ROUND 1 OF 4, THROW 1, 65411 hhhhh, hint, 0 0 0");
     game.dragDice("01234");
     game.desktop.advance(3999);
-    EXPECT_EQ(game.view(), "TURN OVER, ROUND 1 OF 4, 65411 01234, 2 SCORED, 2 0 0");
+    EXPECT_EQ(game.view(), "TURN OVER, ROUND 1 OF 4, 65411 01234, hint, 2 SCORED, 2 0 0");
   }
 }
