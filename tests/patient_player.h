@@ -11,19 +11,25 @@ class PatientPlayer {
 
   explicit PatientPlayer(SimulatedProgram& program) : program_(program), desktop_(program.desktop) {}
 
-  /// Goes on to the end of the game on the board, or of a new one for so many players; where nothing but
-  /// rules is open, to the end of the program. False when the player is stuck.
-  bool finish(int players, Plays plays = Plays::ByMouse) {
+  /// Lets go of what the mouse holds.
+  void letGo() {
+    for (const auto& screen : desktop_.openScreens()) {
+      desktop_.releaseMouse(desktop_.now(), *screen, {}, platform::leftButton);
+    }
+    desktop_.advance(1000);  // What follows is no double click.
+  }
+
+  /// Goes a step on towards the end of the game on the board, or of a new one for so many players; where
+  /// nothing but rules is open, towards the end of the program. Whether there was nothing to do but wait.
+  bool step(int players, Plays plays) {
     byKeys_ = plays == Plays::ByKeys;
-    letGo();
-    constexpr int patience = 2000;  // Steps; four rounds of four turns take less than half of that.
-    for (int step = 0; step < patience; ++step) {
-      if (desktop_.ended || gameOver()) return true;
-      if (findBoard()) {
-        takeStep();
-      } else {
-        openNext(players);
-      }
+    if (!findBoard()) {
+      openNext(players);
+    } else if (handingOver() || rolling() || computerToPlay()) {
+      desktop_.advance(1000);
+      return true;
+    } else if (!gameOver()) {
+      takeTurn();
     }
     return false;
   }
@@ -46,13 +52,6 @@ class PatientPlayer {
 
   bool atHome(std::size_t die) { return game::samePlace(program_.die(die), program_.home(die)); }
 
-  void letGo() {
-    for (const auto& screen : desktop_.openScreens()) {
-      desktop_.releaseMouse(desktop_.now(), *screen, {}, platform::leftButton);
-    }
-    desktop_.advance(1000);  // What follows is no double click.
-  }
-
   void press(std::string_view screen, char key) { desktop_.pressKey(screen, platform::Key{key}); }
 
   void openNext(int players) {
@@ -70,11 +69,7 @@ class PatientPlayer {
     }
   }
 
-  void takeStep() {
-    if (handingOver() || rolling() || computerToPlay()) {
-      desktop_.advance(1000);
-      return;
-    }
+  void takeTurn() {
     if (program_.places() != "hhhhh") byKeys_ ? gatherByKeys() : gather();
     const std::string faces = program_.faces();
     if (std::string_view("654").find_first_not_of(faces) != std::string_view::npos) {
