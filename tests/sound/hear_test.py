@@ -24,7 +24,8 @@ from player import ROOT, until
 DRIVER = Path(sys.argv[1]).resolve()
 RATE = 44100
 ALL = "click click1 key cupdice shipbell 4bells klaxon wateresplash divboard dive1 aooga".split()
-first_calls, later_calls, ends = [], [], []  # How long they took, in milliseconds.
+first_calls, later_calls = [], []  # Milliseconds that passed, milliseconds worked, waits.
+ends = []  # Milliseconds.
 
 
 def samples(sound):
@@ -69,8 +70,8 @@ class Machine:
         shutil.rmtree(self.folder)
 
     def start_server(self, device=True):
-        self.server = subprocess.Popen(["pulseaudio", "-n", "--exit-idle-time=-1", "-L", "module-native-protocol-unix"],
-                                       env=self.environment, stderr=subprocess.DEVNULL)
+        self.server = subprocess.Popen(["pulseaudio", "-n", "--exit-idle-time=-1", "--high-priority=no", "-L",
+                                        "module-native-protocol-unix"], env=self.environment, stderr=subprocess.DEVNULL)
         until(lambda: subprocess.run(["pactl", "info"], env=self.environment, capture_output=True).returncode == 0)
         if device:
             self.plug_in()
@@ -95,7 +96,7 @@ class Machine:
         until(lambda: len(self.calls()) == calls + len(paths), 30)
 
     def calls(self):
-        return [float(line.split()[1]) for line in list(self.lines) if line.startswith("call")]
+        return [tuple(map(float, line.split()[1:])) for line in list(self.lines) if line.startswith("call")]
 
     def alerts(self):
         return self.lines.count("alert\n")
@@ -287,8 +288,11 @@ if __name__ == "__main__":
         start = time.monotonic()
         case()
         print(f"{case.__name__.replace('_', ' ')}: {time.monotonic() - start:.1f} s", flush=True)
-    # The median: on a busy machine any call may have to wait for its turn.
-    for what, took in ("first calls", first_calls), ("later calls", later_calls), ("ends", ends):
-        print(f"{what}: median {median(took):.3f} ms, longest {max(took):.3f} ms")
-    assert median(first_calls) < 2 and median(later_calls) < 2
+    for what, calls in ("first calls", first_calls), ("later calls", later_calls):
+        passed, worked, waits = zip(*calls)
+        print(f"{what}: {median(passed):.3f} ms, worked {median(worked):.3f} ms (longest {max(passed):.3f} and "
+              f"{max(worked):.3f}); {sum(map(bool, waits))} of {len(calls)} waited")
+        # On a busy machine time passes, and now and then the other thread holds what is shared.
+        assert median(worked) < 2 and sum(map(bool, waits)) <= len(calls) / 4
+    print(f"ends: {median(ends):.1f} ms, longest {max(ends):.1f}")
     print(f"{len(cases)} passed, 0 failed")
