@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QIcon>
-
 #include <cstdio>
 #include <cstdlib>
 
@@ -12,7 +11,8 @@ namespace {
 /// The one fatal message while Qt starts is that it reaches no display; Qt itself would abort with a core.
 void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
   if (type != QtFatalMsg) return;
-  std::fprintf(stderr, "Tolvane needs a display, and none answers (DISPLAY=\"%s\", WAYLAND_DISPLAY=\"%s\").\n",
+  std::fprintf(stderr,
+               "Tolvane needs a display, and none answers (DISPLAY=\"%s\", WAYLAND_DISPLAY=\"%s\").\n",
                qgetenv("DISPLAY").constData(), qgetenv("WAYLAND_DISPLAY").constData());
   std::quick_exit(EXIT_FAILURE);
 }
