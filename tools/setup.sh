@@ -10,10 +10,10 @@ TMPDIR=$(mktemp -d "${TMPDIR:-/tmp}/tolvane.XXXXXX")
 export TMPDIR
 trap end_everything EXIT
 trap 'exit 129' HUP
-trap 'exit 130' INT
+trap 'echo; exit 130' INT
 trap 'exit 143' TERM
 
-# Packages by use. A|B is whichever of the two this Debian has.
+# Packages by use.
 program_packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libpulse-dev libsndfile1-dev)
 player_packages=(fonts-liberation)
 package_packages=(debhelper dpkg-dev)
@@ -33,9 +33,11 @@ end_everything() {
   rm -rf "$TMPDIR"
 }
 
-# duration SECONDS: in words.
-duration() {
-  if [ "$1" -lt 60 ]; then echo "$1 s"; else echo "$(($1 / 60)) min $(($1 % 60)) s"; fi
+# passed SINCE: sets `time` to how long that is ago, in words.
+passed() {
+  local seconds=$((SECONDS - $1))
+  time="$seconds s"
+  [ "$seconds" -lt 60 ] || time="$((seconds / 60)) min $((seconds % 60)) s"
 }
 
 # say TEXT: on a terminal in place of the line before, in a log on a line of its own.
@@ -43,12 +45,14 @@ say() {
   if [ -t 1 ]; then printf '\r\e[K%.79s' "$1"; else echo "$1"; fi
 }
 
-# how_far LOG: what the last line that counts says; ninja, ctest, tools/lint and apt-get are understood.
+# how_far LOG: sets `far` to what the last line that counts says, of ninja, ctest, tools/lint or apt-get. By way of a
+# file, as a signal that comes while bash 5.2 reads a command substitution spoils the trap.
 how_far() {
   tail -c 4000 "$1" | sed -nE '
     s|^\[([0-9]+)/([0-9]+)\].*|: \1 of \2|p
     s|^ *([0-9]+)/([0-9]+) Test .*|: \1 of \2|p
-    s|^[dp][lm]status:[^:]*:([0-9]+)[^:]*:(.*)|: \2, \1 %|p' | tail -n 1
+    s|^[dp][lm]status:[^:]*:([0-9]+)[^:]*:(.*)|: \2, \1 %|p' | tail -n 1 >"$TMPDIR/far"
+  read -r far <"$TMPDIR/far" || far=
 }
 
 # run WHAT COMMAND...: one step; its output goes to a log, of which the end is shown when it fails.
@@ -67,26 +71,31 @@ run() {
     sleep 0.2
     if [ -t 1 ] || [ $((SECONDS - told)) -ge 30 ]; then
       told=$SECONDS
-      say "[$step/$steps] $what$(how_far "$log"), $(duration $((SECONDS - from)))"
+      how_far "$log"
+      passed "$from"
+      say "[$step/$steps] $what$far, $time"
     fi
   done
   if ! wait "$job"; then
     job=
-    say "[$step/$steps] $what: failed after $(duration $((SECONDS - from))). The end of $log:"
+    passed "$from"
+    say "[$step/$steps] $what: failed after $time. The end of $log:"
     echo
     tail -n 30 "$log"
     exit 1
   fi
   job=
-  say "[$step/$steps] $what: done in $(duration $((SECONDS - from)))"
+  passed "$from"
+  say "[$step/$steps] $what: done in $time"
   [ ! -t 1 ] || echo
 }
 
 # need PACKAGE...: installs those Debian packages that are missing.
 need() {
-  local missing=() package
+  local missing=() package installed
+  installed=$(dpkg-query -W -f '${Package}=${db:Status-Status}\n' "$@" 2>/dev/null || true)
   for package in "$@"; do
-    dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || missing+=("$package")
+    grep -qx "$package=installed" <<<"$installed" || missing+=("$package")
   done
   if [ ${#missing[@]} -eq 0 ]; then
     run "Looking for the packages it needs" true
@@ -101,7 +110,7 @@ need() {
 }
 
 install_packages() {
-  local apt=(env DEBIAN_FRONTEND=noninteractive "TMPDIR=$TMPDIR" apt-get -qq -y -o APT::Status-Fd=1)
+  local apt=(env DEBIAN_FRONTEND=noninteractive "TMPDIR=$TMPDIR" apt-get -qq -y -o APT::Status-Fd=1 -o Dpkg::Use-Pty=0)
   "${as_root[@]}" dpkg --configure -a # In case an earlier run was interrupted.
   "${as_root[@]}" "${apt[@]}" update
   "${as_root[@]}" "${apt[@]}" install --no-install-recommends "$@"
