@@ -1,16 +1,34 @@
 #include <QApplication>
 #include <QIcon>
+#include <cstdio>
+#include <cstdlib>
 
 #include "app/register_screens.h"
 #include "platform/qt/qt_desktop.h"
 #include "screens/shell/screen_names.h"
 
+namespace {
+
+/// The one fatal message while Qt starts is that it reaches no display; Qt itself would abort with a core.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
+  if (type != QtFatalMsg) return;
+  std::fprintf(stderr,
+               "Tolvane needs a display, and none answers (DISPLAY=\"%s\", WAYLAND_DISPLAY=\"%s\").\n",
+               qgetenv("DISPLAY").constData(), qgetenv("WAYLAND_DISPLAY").constData());
+  std::quick_exit(EXIT_FAILURE);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   // The game places and stacks its own windows, which only X11 lets it do; Wayland is better than nothing.
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
   }
+  const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
+  qInstallMessageHandler(usual);
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.example.tolvane"));
   QIcon icon;
   for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
   QApplication::setWindowIcon(icon);

@@ -54,7 +54,7 @@ TEST(Timer, CountsFromWhenItIsEnabledOrSet) {
   for (const auto& [ask, next] : cases) {
     platform::SimulatedDesktop desktop;
     platform::Timer& timer = startClock(desktop);
-    desktop.handle(milliseconds(60), [&] { ask(timer); });
+    desktop.handle(milliseconds(60), [&timer, ask = ask] { ask(timer); });
     EXPECT_EQ(desktop.nextTick(), next) << "case " << &ask - &cases[0].first;
   }
 }
