@@ -31,12 +31,11 @@ Qt::Alignment alignmentOf(const Appearance& look) {
   return Qt::AlignLeft;
 }
 
-/// The whole pixels of the display nearest to a place in the painter's own: where it paints must not depend
-/// on where the scale of the display lets its edges fall.
-QRect wholePixels(const QPainter& painter, const QRectF& place) {
-  const QRectF exact = painter.deviceTransform().mapRect(place);
-  const QPoint topLeft(qRound(exact.left()), qRound(exact.top()));
-  return {topLeft, QPoint(qRound(exact.right()) - 1, qRound(exact.bottom()) - 1)};
+/// The whole pixels of the display nearest to a place on it: lines are as thick wherever the scale of the
+/// display lets their edges fall.
+QRect wholePixels(const QRectF& place) {
+  const QPoint topLeft(qRound(place.left()), qRound(place.top()));
+  return {topLeft, QPoint(qRound(place.right()) - 1, qRound(place.bottom()) - 1)};
 }
 
 /// A frame just inside `box`.
@@ -136,6 +135,10 @@ void View::refresh(ViewState state) {
   const bool sameState = std::exchange(state_, state) == state;
   setGeometry(placeOf(look));
   setVisible(look.visible);
+  if (!look.picture.empty()) {
+    const QTransform toDevice = QTransform::fromScale(devicePixelRatioF(), devicePixelRatioF());
+    pictures_.prepare(look.picture, wholePixels(toDevice.mapRect(QRectF(geometry()))).size());
+  }
   if (before && sameState && differOnlyInPlace(*before, look)) return;  // The pixels come along.
   setAttribute(Qt::WA_OpaquePaintEvent, look.background.has_value());
   update();
@@ -144,7 +147,7 @@ void View::refresh(ViewState state) {
 void View::paintEvent(QPaintEvent* /*event*/) {
   const Appearance& look = *drawn_;  // The widget itself may have gone with its screen.
   QPainter painter(this);
-  const QRect whole = wholePixels(painter, rect());
+  const QRect whole = wholePixels(painter.deviceTransform().mapRect(QRectF(rect())));
   const auto scaled = [scale = devicePixelRatioF()](qreal length) {
     return std::max(1, qRound(length * scale));
   };

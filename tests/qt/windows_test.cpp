@@ -1,10 +1,13 @@
 // The program's real windows, offscreen: run at several scales.
 
 #include <QApplication>
+#include <QDir>
 #include <QPainter>
+#include <QTemporaryDir>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <map>
+#include <tuple>
 
 #include "app/register_screens.h"
 #include "platform/qt/qt_desktop.h"
@@ -168,6 +171,34 @@ TEST_F(Program, LinesAreWholePixelsOfTheDisplay) {
       EXPECT_EQ(thickness({inside.x(), bottomRight.y()}, {0, -1}), designed) << screen << ' ' << widget->name;
     }
   }
+}
+
+TEST_F(Program, APageBelievesItsPictureWithinReason) {
+  const QString before = QDir::currentPath();
+  const QTemporaryDir folder;
+  QDir(folder.path()).mkdir("Images");
+  QDir::setCurrent(folder.path());
+  const QSize designed(189, 235);
+  for (const auto& [pixels, dotsPerInch, format, size, drawn] :
+       std::initializer_list<std::tuple<QSize, int, const char*, QSize, bool>>{
+           {{150, 100}, 96, "jpg", {150, 100}, true},
+           {{150, 100}, 192, "jpg", {75, 50}, true},
+           {{150, 100}, 1, "jpg", designed, true},
+           {{3000, 30}, 96, "jpg", designed, true},
+           {{5800, 5800}, 4800, "jpg", designed, false},
+           {{150, 100}, 96, "png", designed, false}}) {
+    QImage picture(pixels, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    picture.setDotsPerMeterX(qRound(dotsPerInch / 0.0254));
+    picture.setDotsPerMeterY(qRound(dotsPerInch / 0.0254));
+    ASSERT_TRUE(picture.save("Images/start.jpg", format));
+    open("Wembickrules");
+    const QImage shown = window("Wembickrules").grab(QRect(576, 288, 40, 40)).toImage();
+    EXPECT_EQ(view("Wembickrules", "Image1").size(), size) << pixels.width() << ' ' << dotsPerInch;
+    EXPECT_EQ(shown.pixelColor(shown.rect().center()).red() > 200, drawn) << pixels.width() << format;
+    window("Wembickrules").close();
+  }
+  QDir::setCurrent(before);
 }
 
 TEST_F(Program, TheMouseGrabsWhatItIsOver) {
