@@ -2,6 +2,7 @@
 #include <QIcon>
 
 #include "app/register_screens.h"
+#include "platform/qt/accessibility.h"
 #include "platform/qt/qt_desktop.h"
 #include "screens/shell/screen_names.h"
 
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   }
+  platform::qt::Accessibility::letReadersComeLater();
   const QApplication application(argc, argv);
   QIcon icon;
   for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
