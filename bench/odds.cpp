@@ -23,7 +23,7 @@ using game::IconKind;
 
 constexpr std::size_t crew = 3;
 constexpr std::size_t cargo = 4;
-constexpr std::size_t home = game::iconCount;
+constexpr std::size_t home = game::icons.size();
 constexpr std::size_t elsewhere = home + 1;  // Let go on the bare board: not thrown again, and on no icon.
 
 using Faces = std::array<int, game::diceCount>;

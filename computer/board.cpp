@@ -51,24 +51,12 @@ void tolvanecomputer::showTotals() {
   for (const std::size_t seat : {0U, 1U}) Label5[seat].text = std::to_string(state_.seatScore[seat]);
 }
 
-bool tolvanecomputer::computerToPlay() const {
-  return state_.currentSeat == computerSeat;
-}
-
-bool tolvanecomputer::mayThrow() const {
-  return !computerToPlay() && tolvane::mayThrow();
-}
-
-void tolvanecomputer::dieMouseMove(std::size_t die, const platform::MouseEvent& mouse) {
-  if (!computerToPlay()) tolvane::dieMouseMove(die, mouse);
-}
-
-void tolvanecomputer::dieMouseUp(std::size_t die) {
-  if (!computerToPlay()) tolvane::dieMouseUp(die);
+bool tolvanecomputer::personToPlay() const {
+  return state_.currentSeat != computerSeat;
 }
 
 void tolvanecomputer::beginTurn() {
-  if (computerToPlay()) Timer3.enable();
+  if (!personToPlay()) Timer3.enable();
 }
 
 void tolvanecomputer::abandonTurn() {

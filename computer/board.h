@@ -16,15 +16,11 @@ class tolvanecomputer final : public game::tolvane {
  protected:
   void layOutTotals() override {}
   void showTotals() override;
-  bool mayThrow() const override;
-  void dieMouseMove(std::size_t die, const platform::MouseEvent& mouse) override;
-  void dieMouseUp(std::size_t die) override;
+  bool personToPlay() const override;
   void beginTurn() override;
   void abandonTurn() override;
 
  private:
-  bool computerToPlay() const;
-
   // The computer's turn, file `turn`: one of these three timers counts at a time.
   void takeThrow();
   void decideNext();

@@ -53,6 +53,7 @@ void tolvanecomputer::glide() {
   const bool cargo = targetIcon == static_cast<std::size_t>(game::IconKind::Cargo);
   if (!cargo) Timer4.enable();
   play(sounds::key);
+  sayWhereItLies(movingDie);
   if (cargo) {
     board_.diceOnIcons = static_cast<int>(game::diceCount);
     checkturnover();

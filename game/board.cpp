@@ -56,9 +56,11 @@ void tolvane::layOutWidgets() {
     add(Image1[i], indexed("Image1", i), picture({2760, 1440 + down, 975, 975}));
     add(Label3[i], indexed("Label3", i),
         label({120, 1680 + down, 2175, 735}, arial(24), platform::white, icons[i].name, Alignment::Right));
+    Label3[i].role = platform::Role::Decoration;  // The icon itself is called so.
     if (icons[i].takes == anyFace) continue;
     add(Label3[icons[i].valueLabel], indexed("Label3", icons[i].valueLabel),
         label({4200, 1680 + down, 495, 735}, arial(24), platform::white, {&icons[i].takes, 1}));
+    Label3[icons[i].valueLabel].role = platform::Role::Decoration;
   }
   for (std::size_t i = 0; i < seats.size(); ++i) {
     const Box box{totalsLeft[seats.size()][i], 6840, 1335, 675};
@@ -119,6 +121,7 @@ void tolvane::load() {
     showRound();
     beginTurn();
   }
+  say("Tolvane. " + turnTold() + (personToPlay() ? " T throws the dice." : ""));
 }
 
 void tolvane::layOutTotals() {

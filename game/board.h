@@ -1,11 +1,15 @@
 // The board on which two to four people play, and everything a turn consists of.
 //
 // One class over several files, one for each step of play: `throwing`, `reveal`, `setting_aside`, `scoring`,
-// `handover`, `ending`; this file's own source has the layout, the opening and the buttons.
+// `handover`, `ending`; `keys` and `words` are the same board by keyboard and by ear; this file's own source
+// has the layout, the opening and the buttons.
 #pragma once
 
 #include <array>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "game/icons.h"
 #include "game/options.h"
@@ -33,6 +37,9 @@ class tolvane : public platform::Screen {
   /// Throws the dice that are at home.
   void throwdice();
 
+  bool onKey(platform::Key key) override;
+  void nameWidgets() override;
+
  protected:
   // What a board with other players does differently.
 
@@ -40,12 +47,8 @@ class tolvane : public platform::Screen {
   virtual void layOutTotals();
   /// Shows the totals that the board opens with.
   virtual void showTotals();
-  /// Whether a click on Throw Dice is heard.
-  virtual bool mayThrow() const;
-  /// The mouse moves over a die: drags it, if it may be dragged.
-  virtual void dieMouseMove(std::size_t die, const platform::MouseEvent& mouse);
-  /// A mouse button is released over a die: drops it where an icon or the home row catches it.
-  virtual void dieMouseUp(std::size_t die);
+  /// Whether a person plays the seat whose turn it is: only then is Throw Dice heard and may dice be moved.
+  virtual bool personToPlay() const { return true; }
   /// A seat's turn begins: after the hand-over, or on a resumed board.
   virtual void beginTurn() {}
   /// Drops whatever the board would still do by itself in the turn under way.
@@ -54,6 +57,8 @@ class tolvane : public platform::Screen {
   bool atHome(std::size_t die) const;
   void reveal();
   void play(std::string_view sound);
+  void say(std::string_view words) { desktop().say(words); }
+  void sayWhereItLies(std::size_t die);
 
   // The order in which Tab goes over the board.
   static constexpr int throwStop = 1;
@@ -99,11 +104,15 @@ class tolvane : public platform::Screen {
   void startNewGame();
   void leave();
 
+  bool mayThrow() const;
   void roll();
 
+  void dieMouseMove(std::size_t die, const platform::MouseEvent& mouse);
+  void dieMouseUp(std::size_t die);
   bool maySetAside(std::size_t die) const;
   void moveTo(std::size_t die, const platform::Widget& place);
   int diceOn(const platform::Widget& icon) const;
+  std::optional<std::size_t> iconUnder(const platform::Widget& piece) const;
 
   bool anyDieShows(char face) const;
   int pointsOn(IconKind icon) const;
@@ -115,6 +124,30 @@ class tolvane : public platform::Screen {
   void showRound();
 
   void flashWinner();
+
+  void throwByKey();
+  void setAsideByKey(char face);
+  void takeBackLast();
+  bool useFocus();
+  bool mayMoveByKey();
+  std::string_view whyNothingMoves() const;
+  void carry(std::size_t die, const platform::Widget& place);
+
+  std::string dieTold(std::size_t die) const;
+  std::string placeTold(std::size_t die) const;
+  static std::string takesTold(std::size_t icon);
+  std::string facesOn(const platform::Widget& icon) const;
+  std::string facesInRow() const;
+  std::string diceTold() const;
+  std::string totalsTold() const;
+  std::string turnTold() const;
+  std::string seatToPlay() const;
+  void sayThrow();
+  void sayRefusal(std::size_t icon);
+  void sayTurnOver(int points);
+
+  std::vector<std::size_t> setAside_;    // The dice on icons, in the order in which they were dropped there.
+  std::optional<std::size_t> pickedUp_;  // The die that the keyboard has picked up.
 };
 
 }  // namespace game

@@ -25,6 +25,7 @@ void tolvane::endofgame() {
     Timer2.enable();
   }
   Label6.text = "END OF GAME";
+  say("End of game. " + (drawFlag ? Label1.text + "." : Label1.text) + " " + totalsTold());
   colourBoard(seats[board_.winnerSeat].colour);
   Label2[throwButton].background = seats[board_.winnerSeat].colour;
 }

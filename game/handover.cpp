@@ -13,6 +13,7 @@ void tolvane::handover() {
     moveTo(die, Label7[die]);
     board_.dieValue[die] = 0;
   }
+  setAside_.clear();
   presentSeat();
   if (state_.currentSeat == 0) {
     ++state_.roundNumber;
@@ -23,6 +24,7 @@ void tolvane::handover() {
     }
     showRound();
   }
+  say(seatToPlay() + " to play. " + Label6.text + ".");
   Label2[throwButton].enabled = true;
   Timer1.disable();
   beginTurn();

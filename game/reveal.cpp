@@ -11,6 +11,7 @@ void tolvane::reveal() {
   ++board_.diceSettled;
   if (board_.diceSettled < diceCount) return;
   Timer5.disable();
+  sayThrow();
   if (board_.throwCount == throwsPerTurn) checkturnover();
 }
 

@@ -26,10 +26,13 @@ void tolvane::checkturnover() {
   board_.turnOver = false;
   if (board_.throwCount == throwsPerTurn) {
     // A 6, a 5 and a 4: what the icons ask for that do not take every face.
-    const bool allFound = std::all_of(icons.begin(), icons.end(), [this](const Icon& icon) {
-      return icon.takes == anyFace || anyDieShows(icon.takes);
-    });
-    if (!allFound) {
+    std::string missing;
+    for (const Icon& icon : icons) {
+      if (icon.takes == anyFace || anyDieShows(icon.takes)) continue;
+      missing += std::string(missing.empty() ? "No " : ", no ") + icon.takes;
+    }
+    if (!missing.empty()) {
+      say(missing + ".");
       board_.turnOver = true;
       showTurnScore(0);
       play(sounds::splash);
@@ -48,6 +51,7 @@ void tolvane::checkturnover() {
     if (turnScore > 10) play(sounds::aooga);
   }
   if (!board_.turnOver) return;
+  sayTurnOver(numberShown(Label9.text));
   abandonTurn();
   Label1.text = "TURN OVER";
   Label8.visible = false;

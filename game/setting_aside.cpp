@@ -37,35 +37,48 @@ bool tolvane::maySetAside(std::size_t die) const {
 }
 
 void tolvane::dieMouseMove(std::size_t die, const platform::MouseEvent& mouse) {
+  if (!personToPlay()) return;
   platform::Widget& dragged = Label4[die];
   bringToFront(dragged);
   if (!maySetAside(die) || mouse.buttons != 1) return;
   dragged.left += mouse.x - dragged.width / 2;
   dragged.top += mouse.y - dragged.height / 2;
   // A die lies on an icon only once it is dropped there; until then it is not in its own way.
-  const bool onIcon = std::any_of(Image1.begin(), Image1.end(),
-                                  [&](const platform::Widget& icon) { return samePlace(dragged, icon); });
-  if (onIcon) dragged.left = std::nextafter(dragged.left, 0.F);
+  if (iconUnder(dragged)) dragged.left = std::nextafter(dragged.left, 0.F);
 }
 
 void tolvane::dieMouseUp(std::size_t die) {
-  if (!maySetAside(die)) return;
+  if (!personToPlay() || !maySetAside(die)) return;
   platform::Widget& dropped = Label4[die];
+  bool refused = false;
   for (std::size_t icon = 0; icon < icons.size(); ++icon) {
     if (!catches(Image1[icon], dropped)) continue;
     play(sounds::key);
     const bool occupied = diceOn(Image1[icon]) > 0;
     const bool taken = accepts(static_cast<IconKind>(icon), dropped.text, occupied);
     moveTo(die, taken ? Image1[icon] : Label7[die]);
+    if (taken) continue;
+    refused = true;
+    sayRefusal(icon);
   }
   for (const platform::Widget& marker : Label7) {
     if (!catches(marker, dropped)) continue;
     moveTo(die, Label7[die]);
     play(sounds::click);
   }
+  if (!refused) sayWhereItLies(die);
   board_.diceOnIcons = 0;
   for (const platform::Widget& icon : Image1) board_.diceOnIcons += diceOn(icon);
+  std::erase(setAside_, die);
+  if (iconUnder(dropped)) setAside_.push_back(die);
   if (board_.diceOnIcons == static_cast<int>(diceCount)) checkturnover();
+}
+
+std::optional<std::size_t> tolvane::iconUnder(const platform::Widget& piece) const {
+  const auto found = std::find_if(Image1.begin(), Image1.end(),
+                                  [&piece](const platform::Widget& icon) { return samePlace(piece, icon); });
+  return found == Image1.end() ? std::nullopt
+                               : std::optional(static_cast<std::size_t>(found - Image1.begin()));
 }
 
 int tolvane::diceOn(const platform::Widget& icon) const {

@@ -16,16 +16,17 @@ inline constexpr int roundsPerGame = 4;
 
 /// A seat at the table, in turn order.
 struct PlayerColour {
+  std::string_view name;
   platform::Colour colour;
   std::string_view toPlay;  ///< The status line while it is this seat's turn.
   std::string_view hasWon;
 };
 
 inline constexpr std::array<PlayerColour, 4> seats{{
-    {shell::look::orange, "ORANGE TO PLAY", "ORANGE HAS WON!"},
-    {shell::look::magenta, "MAGENTA TO PLAY", "MAGENTA HAS WON!"},
-    {shell::look::yellow, "YELLOW TO PLAY", "YELLOW HAS WON!"},
-    {shell::look::green, "GREEN TO PLAY", "GREEN HAS WON!"},
+    {"Orange", shell::look::orange, "ORANGE TO PLAY", "ORANGE HAS WON!"},
+    {"Magenta", shell::look::magenta, "MAGENTA TO PLAY", "MAGENTA HAS WON!"},
+    {"Yellow", shell::look::yellow, "YELLOW TO PLAY", "YELLOW HAS WON!"},
+    {"Green", shell::look::green, "GREEN TO PLAY", "GREEN HAS WON!"},
 }};
 
 /// What is carried from screen to screen.

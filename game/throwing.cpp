@@ -23,7 +23,7 @@ std::string rollingFace(platform::Chance& chance) {
 
 bool tolvane::mayThrow() const {
   const bool gameOver = state_.roundNumber > roundsPerGame;
-  return !gameOver && !Timer5.enabled() && !Timer8.enabled();
+  return personToPlay() && !gameOver && !Timer5.enabled() && !Timer8.enabled();
 }
 
 void tolvane::throwdice() {

@@ -3,7 +3,7 @@
 
 namespace platform {
 
-/// A key by what it is called. Letters and digits are themselves, letters in upper case: `Key{'T'}`.
+/// A key by what it is called; any letter, in upper case, or digit that has no name here is itself: `Key{'4'}`.
 enum class Key : char {
   BackTab = 1,  ///< Tab with Shift.
   Left,
@@ -18,6 +18,11 @@ enum class Key : char {
   Return = '\r',
   Escape = 27,
   Space = ' ',
+  D = 'D',
+  R = 'R',
+  S = 'S',
+  T = 'T',
+  W = 'W',
 };
 
 }  // namespace platform

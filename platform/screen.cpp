@@ -65,6 +65,7 @@ void Screen::moveFocusToStop(bool forwards) {
 }
 
 void Screen::answer(Key key) {
+  if (onKey(key)) return;
   if ((key == Key::Space || key == Key::Return) && focus_ && isClickedByKeys(*focus_) &&
       canBeClicked(*focus_)) {
     activate(*focus_);
@@ -77,8 +78,6 @@ void Screen::answer(Key key) {
     activate(**keyed);
   } else if (key == Key::Tab || key == Key::BackTab) {
     moveFocusToStop(key == Key::Tab);
-  } else {
-    onKey(key);
   }
 }
 

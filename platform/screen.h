@@ -32,8 +32,8 @@ class Screen {
   /// Runs once, after construction and before the screen is first seen.
   virtual void load() {}
 
-  /// A key that none of the screen's widgets answers to.
-  virtual void onKey(Key /*key*/) {}
+  /// Answers a key, before the widgets and Tab do; false when it is none of the screen's own.
+  virtual bool onKey(Key /*key*/) { return false; }
 
   /// Brings the widgets' spoken names up to date; runs after every handler.
   virtual void nameWidgets() {}

@@ -29,6 +29,7 @@ Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
     : Screen(desktop, shell::optionsScreen), options_(options) {
   using namespace shell::look;
   caption = " ";
+  spokenName = "Options";
   background = navy;
   client = {5445, 6570};
 
@@ -40,9 +41,12 @@ Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
   add(Check3, "Check3", hidden(checkBox({720, 3240, 1935, 375}, "Hide Desktop")));
   add(Label2[0], "Label2(0)",
       centred({240, 4080, 5160, 600}, arialBold(20.25F), orange, "Select Number of Players"));
+  Label2[0].role = platform::Role::Heading;
   for (std::size_t i = 0; i < Label1.size(); ++i) {
     add(Label1[i], platform::indexed("Label1", i),
         button({numbersLeft[i], 4680, 855, 735}, tahomaBold(26.25F), orange, std::to_string(i + 1)));
+    Label1[i].key = static_cast<platform::Key>('1' + i);
+    Label1[i].spokenName = i == 0 ? "1 player, against the computer" : Label1[i].text + " players";
     Label1[i].onClick = [this, players = static_cast<int>(i) + 1] { startGame(players); };
   }
   add(Label2[12], "Label2(12)", button({720, 5640, 3315, 375}, tahomaBold(12), yellow, makersPage));
@@ -61,6 +65,7 @@ Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
 
 void Startplay2::load() {
   options_.computerOpponent = 0;
+  desktop().say("Options. Choose sound, the rules, or the number of players.");
   shell::centre(desktop(), *this);
   if (!loadPicture(desktop(), Image2, R"(Images\logo2.jpg)")) {
     shell::fitscreen(desktop(), *this);

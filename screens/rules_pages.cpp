@@ -188,25 +188,31 @@ RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, con
   client = {12000, 9000};
 
   add(Image1, "Image1", picture(design.pictureBox));
+  spokenName = "The Rules of Tolvane, " + std::string(design.number);
   add(Label1[design.numberLabel], platform::indexed("Label1", design.numberLabel),
       label({0, 0, 1065, 240}, arialBold(9.75F), yellow, design.number));
   add(Label1[0], "Label1(0)",
       centred({0, 120, 12000, 360}, arialBold(15.75F), yellow, "The Rules of Tolvane"));
+  Label1[0].role = platform::Role::Heading;
   for (const Text& text : design.texts) {
     add(Label1[text.index], platform::indexed("Label1", text.index),
         label(text.box, fontOf(text.kind), yellow, text.text));
+    if (text.kind == TextKind::Heading) Label1[text.index].role = platform::Role::Heading;
   }
-  addNavigation(0, {11160, 60, 735, 375}, "Exit", "");
-  if (!design.next.empty()) addNavigation(1, {10080, 8520, 1815, 375}, ">> Next Page", design.next);
+  addNavigation(0, {11160, 60, 735, 375}, "Exit", "", platform::Key::Escape);
+  if (!design.next.empty()) {
+    addNavigation(1, {10080, 8520, 1815, 375}, ">> Next Page", design.next, platform::Key::PageDown);
+  }
   if (!design.previous.empty()) {
-    addNavigation(2, {7680, 8520, 2295, 375}, "<< Previous Page", design.previous);
+    addNavigation(2, {7680, 8520, 2295, 375}, "<< Previous Page", design.previous, platform::Key::PageUp);
   }
 }
 
 void RulesPage::addNavigation(std::size_t index, const Box& box, std::string_view text,
-                              std::string_view leadsTo) {
+                              std::string_view leadsTo, platform::Key key) {
   using namespace shell::look;
   add(Label3[index], platform::indexed("Label3", index), button(box, arialBold(12.75F), yellow, text));
+  Label3[index].key = key;
   Label3[index].onClick = [this, leadsTo] {
     if (!leadsTo.empty()) desktop().show(leadsTo);
     desktop().unload(name());
@@ -220,6 +226,11 @@ void RulesPage::load() {
     Image1.width = own->width;
     Image1.height = own->height;
   }
+  std::string page(design_.number);
+  for (const Text& text : design_.texts) {
+    page += (page.ends_with('.') || page.ends_with(' ') ? " " : ". ") + std::string(text.text);
+  }
+  desktop().say(page);
 }
 
 Wembickrules::Wembickrules(platform::Desktop& desktop, game::GameOptions& options)
@@ -237,6 +248,7 @@ Wembickrules2::Wembickrules2(platform::Desktop& desktop, game::GameOptions& opti
   }
   add(Timer5);
   add(Timer8);
+  Label2.key = platform::Key::T;
   Label2.onClick = [this] { throwDice(); };
   Timer5.onTick = [this] { settle(); };
   Timer8.onTick = [this] { roll(); };

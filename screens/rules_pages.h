@@ -31,7 +31,7 @@ class RulesPage : public platform::Screen {
 
  private:
   void addNavigation(std::size_t index, const shell::look::Box& box, std::string_view text,
-                     std::string_view leadsTo);
+                     std::string_view leadsTo, platform::Key key);
 
   const PageDesign& design_;
 };
@@ -46,6 +46,8 @@ class Wembickrules final : public RulesPage {
 class Wembickrules2 final : public RulesPage {
  public:
   Wembickrules2(platform::Desktop& desktop, game::GameOptions& options);
+
+  void nameWidgets() override;
 
  private:
   void throwDice();

@@ -12,6 +12,7 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
     : Screen(desktop, shell::titleScreen), options_(options), state_(state) {
   using namespace shell::look;
   caption = " ";
+  spokenName = "Tolvane";
   background = navy;
   client = {5445, 6570};
 
@@ -33,6 +34,7 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
   add(Label7, "Label7", button(within({2880, 5880, 1695, 435}), arialBold(15.75F), yellow, "Exit"));
   add(Label2, "Label2", centred(within({0, 6360, 5535, 285}), arialBold(12), yellow, footer));
 
+  Label5.key = platform::Key::Return;
   Label5.onClick = [this] { goOn(); };
   Label6.onClick = [this] { restart(); };
   Label7.onClick = [this] { this->desktop().endProgram(); };
@@ -42,6 +44,7 @@ void Titlefrm::load() {
   shell::centre(desktop(), *this);
   options_.soundOn = 1;
   if (!loadPicture(desktop(), Picture1, R"(Images\opening.jpg)")) shell::fitscreen(desktop(), *this);
+  desktop().say("Tolvane, a dice game. Restart Previous Game, OK for a new game, or Exit.");
 }
 
 void Titlefrm::goOn() {

@@ -33,7 +33,21 @@ void Wembickrules2::settle() {
   Timer5.setInterval(250);
   showFace(sampleDiceSettled, std::to_string(sampleDieValue[sampleDiceSettled]));
   ++sampleDiceSettled;
-  if (sampleDiceSettled == game::diceCount) Timer5.disable();
+  if (sampleDiceSettled < game::diceCount) return;
+  Timer5.disable();
+  std::string told;
+  for (const platform::Widget& die : Label4) told += (told.empty() ? "Throw: " : ", ") + die.text;
+  desktop().say(told + ".");
+}
+
+void Wembickrules2::nameWidgets() {
+  for (std::size_t die = 0; die < game::diceCount; ++die) {
+    const std::string number = "die " + std::to_string(die + 1);
+    const bool rolling = Timer8.enabled() && die >= sampleDiceSettled;
+    Label4[die].spokenName = rolling               ? number + ", rolling"
+                             : Label4[die].enabled ? Label4[die].text + ", " + number
+                                                   : number + ", not thrown";
+  }
 }
 
 void Wembickrules2::showFace(std::size_t die, const std::string& face) {

@@ -128,7 +128,7 @@ TEST(SavedGame, IsResumedAtAnySeatInAnyRound) {
     Program program;
     EXPECT_EQ(program.restart(program.lines(text, any(0, 1) ? "\n" : " \r\n\t")),
               std::string(backdrop ? "Grey " : "") + (computer ? "tolvanecomputer" : "tolvane"));
-    const auto& [colour, toPlay, hasWon] = game::seats.at(static_cast<std::size_t>(seat));
+    const auto& [seatName, colour, toPlay, hasWon] = game::seats.at(static_cast<std::size_t>(seat));
     EXPECT_EQ(program.die(4).background, colour);
     for (const char* name : {"Label1", "Label6", "Label8", "Label2(3)"})
       EXPECT_EQ(program.at(name).textColour, colour);
