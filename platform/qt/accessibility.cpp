@@ -137,19 +137,18 @@ class AccessibleView final : public QAccessibleWidget {
     QStringList names;
     if (!screen()) return names;
     const Widget& widget = view_.widget();
-    if (canBeClicked(widget)) names << (widget.role == Role::CheckBox ? toggleAction() : pressAction());
-    if (widget.visible && widget.enabled && widget.tabStop != 0) names << setFocusAction();
+    if (!widget.visible || !widget.enabled || widget.tabStop == 0) return names;
+    names << (widget.role == Role::CheckBox ? toggleAction() : pressAction()) << setFocusAction();
     return names;
   }
   void doAction(const QString& action) override {
     if (!actionNames().contains(action)) return;
     Widget& widget = *std::find(screen()->widgets().begin(), screen()->widgets().end(), &view_.widget())[0];
     QtDesktop& desktop = screenWindow().desktop();
-    if (action == setFocusAction()) {
-      desktop.handle(desktop.now(), [&] { screen()->setFocus(widget); });
-    } else {
-      desktop.click(desktop.now(), widget);
-    }
+    if (action != setFocusAction() && desktop.click(desktop.now(), widget)) return;
+    desktop.handle(desktop.now(), [&] { screen()->setFocus(widget); });
+    // A piece is not clicked but picked up and put down.
+    if (action != setFocusAction()) desktop.pressKey(desktop.now(), *screen(), Key::Space);
   }
 
  private:
@@ -240,9 +239,11 @@ QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object
 
 Accessibility::Accessibility() {
   QAccessible::installFactory(interfaceFor);
+  QAccessible::installActivationObserver(this);
 }
 
 Accessibility::~Accessibility() {
+  QAccessible::removeActivationObserver(this);
   QAccessible::removeFactory(interfaceFor);
 }
 
@@ -251,8 +252,8 @@ void Accessibility::letReadersComeLater() {
 }
 
 void Accessibility::refresh(ScreenWindow& window) {
-  if (!QAccessible::isActive()) return;
   window.installEventFilter(this);  // Once, however often.
+  if (!QAccessible::isActive()) return;
   for (View* view : window.views()) {
     if (auto* told = dynamic_cast<AccessibleView*>(QAccessible::queryAccessibleInterface(view))) {
       told->refresh();
@@ -261,7 +262,6 @@ void Accessibility::refresh(ScreenWindow& window) {
 }
 
 void Accessibility::announce(ScreenWindow& window, const std::string& words) {
-  if (!QAccessible::isActive()) return;
   speaker_ = &window;
   words_ = QString::fromStdString(words);
   if (window.isActiveWindow()) speak();
@@ -277,6 +277,11 @@ bool Accessibility::eventFilter(QObject* object, QEvent* event) {
   return false;
 }
 
+// The first window says its words before the way to the readers is open.
+void Accessibility::accessibilityActiveChanged(bool active) {
+  if (active && speaker_) tellOf(*speaker_);
+}
+
 void Accessibility::tellOf(ScreenWindow& window) {
   if (!window.isActiveWindow()) return;
   refresh(window);
@@ -284,6 +289,7 @@ void Accessibility::tellOf(ScreenWindow& window) {
 }
 
 void Accessibility::speak() {
+  if (!QAccessible::isActive()) return;
   const QString words = std::exchange(words_, QString());
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
   QAccessibleAnnouncementEvent said(speaker_, words);

@@ -2,6 +2,7 @@
 // the game says.
 #pragma once
 
+#include <QAccessible>
 #include <QObject>
 #include <QPointer>
 #include <string>
@@ -11,7 +12,7 @@
 namespace platform::qt {
 
 /// Makes the windows known to screen readers; costs next to nothing while none listens. Needs a QApplication.
-class Accessibility final : public QObject {
+class Accessibility final : public QObject, private QAccessible::ActivationObserver {
  public:
   Accessibility();
   ~Accessibility() override;
@@ -28,6 +29,7 @@ class Accessibility final : public QObject {
 
  private:
   bool eventFilter(QObject* object, QEvent* event) override;
+  void accessibilityActiveChanged(bool active) override;
   void tellOf(ScreenWindow& window);
   void speak();
 

@@ -25,7 +25,7 @@ Qt::WindowFlags flagsFor(Frame frame) {
     case Frame::ThinLine:
       return Qt::Dialog | Qt::FramelessWindowHint;
     case Frame::Backdrop:
-      return Qt::Window | Qt::FramelessWindowHint;
+      return Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
   }
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
