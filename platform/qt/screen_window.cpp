@@ -129,7 +129,8 @@ void ScreenWindow::raiseInDrawingOrder() {
 void ScreenWindow::present(ScreenWindow* backdrop) {
   if (this == backdrop) {
     setGeometry(QGuiApplication::primaryScreen()->geometry());  // Where no window manager does it.
-    showFullScreen();
+    setWindowState(Qt::WindowFullScreen);  // `showFullScreen` would give it the keyboard.
+    show();
     return;
   }
   // The place comes first: only a window that is not yet there can be given one with its frame counted in.
