@@ -44,7 +44,7 @@ void Screen::moveFocusAlong(int tabStop, int steps) {
   if (members.empty()) return;
   const auto last = std::find(members.begin(), members.end(), chosenLast_[tabStop]);
   auto place = last == members.end() ? 0 : last - members.begin();
-  const bool inside = focus_ && focus_->tabStop == tabStop;
+  const bool inside = focus_ != nullptr && focus_->tabStop == tabStop;
   if (inside) place = std::clamp<std::ptrdiff_t>(place + steps, 0, std::ssize(members) - 1);
   setFocus(*members[static_cast<std::size_t>(place)]);
 }

@@ -44,7 +44,7 @@ MouseEvent mouseFrom(const QMouseEvent& event) {
 // A key held down presses a button once, but moves on.
 std::optional<Key> keyFrom(const QKeyEvent& event) {
   constexpr Qt::KeyboardModifiers ours = Qt::ShiftModifier | Qt::KeypadModifier;
-  if (event.modifiers() & ~ours) return std::nullopt;
+  if ((event.modifiers() & ~ours) != Qt::NoModifier) return std::nullopt;
   switch (event.key()) {
     case Qt::Key_Tab:
       return Key::Tab;
@@ -218,7 +218,7 @@ void ScreenWindow::mouseReleaseEvent(QMouseEvent* event) {
 
 void ScreenWindow::keyPressEvent(QKeyEvent* event) {
   const std::optional<Key> key = keyFrom(*event);
-  if (screen_ && key) {
+  if (screen_ != nullptr && key) {
     desktop_.pressKey(desktop_.now(), *screen_, *key);
   } else {
     QWidget::keyPressEvent(event);
