@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "app/register_screens.h"
+#include "platform/qt/accessibility.h"
 #include "platform/qt/qt_desktop.h"
 #include "screens/shell/screen_names.h"
 
@@ -25,6 +26,7 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
     qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
   }
+  platform::qt::Accessibility::letReadersComeLater();
   const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);

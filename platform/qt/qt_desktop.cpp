@@ -92,6 +92,7 @@ void QtDesktop::refresh() {
   for (const auto& screen : openScreens()) {
     ScreenWindow* window = windows_.at(screen.get());
     window->refresh();
+    accessibility_.refresh(*window);
     // What was open before the backdrop belongs in front of it as well, in its order.
     if (backdropIsNew_) window->present(backdrop());
   }
@@ -99,7 +100,9 @@ void QtDesktop::refresh() {
   armTicker();
 }
 
-void QtDesktop::announce(const std::string& /*words*/) {}
+void QtDesktop::announce(const std::string& words) {
+  if (!openScreens().empty()) accessibility_.announce(*windows_.at(openScreens().back().get()), words);
+}
 
 ScreenWindow* QtDesktop::backdrop() const {
   for (const auto& open : openScreens()) {

@@ -7,6 +7,7 @@
 #include <map>
 
 #include "platform/desktop.h"
+#include "platform/qt/accessibility.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/screen_window.h"
 #include "platform/qt/sound_player.h"
@@ -54,6 +55,7 @@ class QtDesktop final : public Desktop {
   ClockChance chance_;
   Pictures pictures_;
   SoundPlayer sounds_;
+  Accessibility accessibility_;
   QMargins titleBar_;
   std::map<const Screen*, ScreenWindow*> windows_;
   bool backdropIsNew_ = false;  // It was shown by the running handler.

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QToolTip>
 #include <QWindow>
 #include <algorithm>
 #include <optional>
@@ -24,7 +25,7 @@ Qt::WindowFlags flagsFor(Frame frame) {
     case Frame::ThinLine:
       return Qt::Dialog | Qt::FramelessWindowHint;
     case Frame::Backdrop:
-      return Qt::Window | Qt::FramelessWindowHint;
+      return Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
   }
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
@@ -105,6 +106,12 @@ void ScreenWindow::refresh() {
   raiseInDrawingOrder();
 }
 
+View* ScreenWindow::view(const Widget& widget) const {
+  const auto found = std::find_if(views_.begin(), views_.end(),
+                                  [&](const View* view) { return &view->widget() == &widget; });
+  return found == views_.end() ? nullptr : *found;
+}
+
 void ScreenWindow::raiseInDrawingOrder() {
   const auto order = screen_->drawingOrder();
   if (std::equal(order.begin(), order.end(), drawnOrder_.begin(), drawnOrder_.end())) return;
@@ -114,9 +121,7 @@ void ScreenWindow::raiseInDrawingOrder() {
     if (wanted != order.end() && *wanted == drawn) ++wanted;
   }
   for (; wanted != order.end(); ++wanted) {
-    const auto found = std::find_if(views_.begin(), views_.end(),
-                                    [&](const View* view) { return &view->widget() == *wanted; });
-    if (found != views_.end()) (*found)->raise();
+    view(**wanted)->raise();
   }
   drawnOrder_.assign(order.begin(), order.end());
 }
@@ -124,7 +129,8 @@ void ScreenWindow::raiseInDrawingOrder() {
 void ScreenWindow::present(ScreenWindow* backdrop) {
   if (this == backdrop) {
     setGeometry(QGuiApplication::primaryScreen()->geometry());  // Where no window manager does it.
-    showFullScreen();
+    setWindowState(Qt::WindowFullScreen);  // `showFullScreen` would give it the keyboard.
+    show();
     return;
   }
   // The place comes first: only a window that is not yet there can be given one with its frame counted in.
@@ -155,6 +161,10 @@ void ScreenWindow::place() {
 }
 
 bool ScreenWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    showToolTip(static_cast<QHelpEvent*>(event)->pos());
+    return true;
+  }
   // The window system tells what its frame is like only once a window is on the display.
   if (screen_ && screen_->frame == Frame::TitleBar && isVisible() && windowHandle()) {
     const QMargins frame = windowHandle()->frameMargins();
@@ -164,6 +174,15 @@ bool ScreenWindow::event(QEvent* event) {
     }
   }
   return QWidget::event(event);  // The last thing: the event may be this window's end.
+}
+
+void ScreenWindow::showToolTip(const QPoint& at) {
+  const auto found = std::find_if(views_.begin(), views_.end(), [&](const View* view) {
+    return view->isVisible() && view->geometry().contains(at) && !view->widget().toolTip.empty();
+  });
+  if (!screen_ || found == views_.end()) return;
+  QToolTip::showText(mapToGlobal(at), QString::fromStdString((*found)->widget().toolTip), this,
+                     (*found)->geometry());
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {

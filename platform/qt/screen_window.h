@@ -26,6 +26,11 @@ class ScreenWindow final : public QWidget {
   /// Takes the window off the display; from here on it knows no screen.
   void dismiss();
 
+  QtDesktop& desktop() const { return desktop_; }
+  Screen* screen() const { return screen_; }  ///< Null once dismissed.
+  const std::vector<View*>& views() const { return views_; }
+  View* view(const Widget& widget) const;
+
  private:
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -37,6 +42,7 @@ class ScreenWindow final : public QWidget {
   bool focusNextPrevChild(bool next) override;
 
   void place();
+  void showToolTip(const QPoint& at);
   void raiseInDrawingOrder();
 
   QtDesktop& desktop_;

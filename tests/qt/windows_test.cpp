@@ -1,5 +1,6 @@
 // The program's real windows, offscreen: run at several scales.
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QPainter>
@@ -276,6 +277,85 @@ TEST_F(Program, KeysReachTheirScreen) {
   EXPECT_FALSE(sound.checked);
   for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return}) QTest::keyClick(&window, key);
   EXPECT_TRUE(sound.checked);
+}
+
+/// What a screen reader finds: a line for each part with its role, its name and what it can do.
+std::string told(QAccessibleInterface& window) {
+  static const std::map<QAccessible::Role, std::string> roles{
+      {QAccessible::Heading, "heading"}, {QAccessible::StaticText, "text"}, {QAccessible::Button, "button"},
+      {QAccessible::CheckBox, "box"},    {QAccessible::Link, "link"},       {QAccessible::ListItem, "piece"}};
+  std::string all;
+  for (int i = 0; i < window.childCount(); ++i) {
+    QAccessibleInterface& part = *window.child(i);
+    EXPECT_EQ(window.indexOfChild(&part), i);
+    EXPECT_EQ(part.parent(), &window);
+    EXPECT_FALSE(part.text(QAccessible::Name).isEmpty());
+    if (part.role() == QAccessible::StatusBar) continue;  // Holds what the game says; not to be seen.
+    const QAccessible::State state = part.state();
+    EXPECT_EQ(part.actionInterface()->actionNames().size(), state.focusable && !state.disabled ? 2 : 0);
+    all += roles.at(part.role()) + (state.disabled ? " (grey)" : "") + (state.checked ? " (ticked)" : "") +
+           (state.focused ? " (here)" : "") + ": " + part.text(QAccessible::Name).toStdString() + "\n";
+  }
+  return all;
+}
+
+TEST_F(Program, AReaderFindsEveryScreenInItsOrder) {
+  options.playerCount = 2;
+  const std::string footer = "text: Fair winds and a full hold!\n";
+  std::string board = R"(text: ORANGE TO PLAY
+text: ROUND 1 OF 4
+piece: SHIP, takes a 6, empty
+piece: CAPTAIN, takes a 5, empty
+piece: MATE, takes a 4, empty
+piece: CREW, takes any die, empty
+piece: CARGO, takes any die, empty
+text: Orange 0
+text: Magenta 0
+button (here): Throw Dice
+button: New Game
+button: Exit
+)" + footer;
+  for (char die = '1'; die <= '5'; ++die) board += std::string("piece: die ") + die + ", not thrown\n";
+  const std::map<std::string_view, std::string> expected{{"Startplay2", R"(heading: Tolvane
+button (here): The Rules
+box (ticked): Play Sound
+heading: Select Number of Players
+button: 1 player, against the computer
+button: 2 players
+button: 3 players
+button: 4 players
+link: https://tolvane.example/
+button: Exit
+)" + footer},
+                                                         {"tolvane", board},
+                                                         {"Grey", ""}};
+  for (const char* screen : {"Titlefrm", "Startplay2", "Grey", "tolvane", "tolvanecomputer", "Wembickrules",
+                             "Wembickrules2", "Wembickrules2b"}) {
+    SCOPED_TRACE(screen);
+    QWidget& shown = open(screen);
+    QAccessibleInterface& reader = *QAccessible::queryAccessibleInterface(&shown);
+    EXPECT_EQ(reader.role(), QAccessible::Window);
+    EXPECT_FALSE(reader.text(QAccessible::Name).isEmpty());
+    const bool backdrop = std::string_view(screen) == "Grey";
+    EXPECT_EQ(shown.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus), backdrop);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&shown));
+    QTest::keyClick(&shown, Qt::Key_Tab);
+    // Whatever lies in front.
+    if (QWidget* die = shown.findChild<QWidget*>("Label4(1)")) QTest::mouseMove(die);
+    const std::string parts = told(reader);
+    const auto row = expected.find(screen);
+    EXPECT_TRUE(row == expected.end() || parts == row->second) << parts;
+    EXPECT_EQ(parts.empty(), backdrop);
+  }
+  // What a reader does in the player's place.
+  const auto act = [&](const char* screen, const char* name, const QString& action) {
+    QAccessible::queryAccessibleInterface(&view(screen, name))->actionInterface()->doAction(action);
+  };
+  act("Startplay2", "Check1", QAccessibleActionInterface::toggleAction());
+  EXPECT_FALSE(QAccessible::queryAccessibleInterface(&view("Startplay2", "Check1"))->state().checked);
+  act("tolvane", "Label4(1)", QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(desktop.lastSaid(), "Throw the dice first.");
+  EXPECT_EQ(desktop.find("tolvane")->focus()->name, "Label4(1)");
 }
 
 }  // namespace
