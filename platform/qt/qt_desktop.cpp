@@ -6,8 +6,10 @@
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
+#include <ranges>
 
 #include "platform/files.h"
+#include "platform/qt/x11.h"
 
 namespace platform::qt {
 
@@ -73,42 +75,97 @@ void QtDesktop::endProgram() {
 }
 
 void QtDesktop::present(Screen& screen) {
-  ScreenWindow*& window = windows_[&screen];
-  if (!window) {
-    window = new ScreenWindow(*this, screen);
-    backdropIsNew_ = backdropIsNew_ || screen.frame == Frame::Backdrop;
+  if (screen.frame == Frame::Backdrop) {
+    if (!backdrop_) backdrop_ = std::make_unique<ScreenWindow>(*this, screen);
+    showBackdrop(screen);
+    return;
   }
-  window->present(backdrop());
+  ScreenWindow*& window = windows_[&screen];
+  if (!window) window = new ScreenWindow(*this, screen);
+  window->present(ownerOf(screen));
 }
 
 void QtDesktop::dismiss(Screen& screen) {
+  if (screen.frame == Frame::Backdrop) {
+    hideBackdrop();
+    return;
+  }
   const auto found = windows_.find(&screen);
   if (found == windows_.end()) return;
-  found->second->dismiss();
+  ScreenWindow& going = *found->second;
   windows_.erase(found);
+  for (const auto& [other, window] : windows_) {
+    if (window->owner() == &going) window->belongTo(going.owner());
+  }
+  going.dismiss();
+}
+
+void QtDesktop::showBackdrop(Screen& screen) {
+  backdrop_->cover(screen);
+  // What was open before belongs in front of it as well, in its order.
+  for (const auto& open : openScreens()) {
+    const auto found = windows_.find(open.get());
+    if (found == windows_.end()) continue;
+    found->second->belongTo(backdrop_.get());
+    found->second->raise();
+  }
+}
+
+void QtDesktop::hideBackdrop() {
+  for (const auto& [screen, window] : windows_) {
+    if (window->owner() == backdrop_.get()) window->belongTo(nullptr);
+  }
+  backdrop_->uncover();
+}
+
+void QtDesktop::followMinimising() {
+  Screen* covering = nullptr;
+  ScreenWindow* seen = nullptr;  // The foremost.
+  for (const auto& open : openScreens()) {
+    if (open->frame == Frame::Backdrop) covering = open.get();
+    const auto found = windows_.find(open.get());
+    if (found != windows_.end() && found->second->isVisible() && !found->second->isMinimized())
+      seen = found->second;
+  }
+  if (!covering || (seen != nullptr) == backdrop_->isVisible()) return;
+  if (seen) {
+    showBackdrop(*covering);
+    seen->activateWindow();
+  } else {
+    hideBackdrop();
+  }
+}
+
+// Window managers keep a window in front of the backdrop it belongs to; which of the others is in front, the
+// program tells them. A Wayland compositor takes no such word, so there each window belongs to the one it was
+// opened from.
+ScreenWindow* QtDesktop::ownerOf(const Screen& screen) const {
+  ScreenWindow* const behind = backdrop_ && backdrop_->isVisible() ? backdrop_.get() : nullptr;
+  if (onX11()) return behind;
+  ScreenWindow* owner = behind;
+  for (const auto& open : openScreens()) {
+    const auto found = windows_.find(open.get());
+    if (open.get() == &screen || found == windows_.end()) continue;
+    if (!behind || found->second->owner()) owner = found->second;
+  }
+  return owner;
 }
 
 void QtDesktop::refresh() {
-  for (const auto& screen : openScreens()) {
-    ScreenWindow* window = windows_.at(screen.get());
+  for (const auto& [screen, window] : windows_) {
     window->refresh();
     accessibility_.refresh(*window);
-    // What was open before the backdrop belongs in front of it as well, in its order.
-    if (backdropIsNew_) window->present(backdrop());
   }
-  backdropIsNew_ = false;
   armTicker();
 }
 
 void QtDesktop::announce(const std::string& words) {
-  if (!openScreens().empty()) accessibility_.announce(*windows_.at(openScreens().back().get()), words);
-}
-
-ScreenWindow* QtDesktop::backdrop() const {
-  for (const auto& open : openScreens()) {
-    if (open->frame == Frame::Backdrop) return windows_.at(open.get());
+  for (const auto& screen : openScreens() | std::views::reverse) {
+    const auto found = windows_.find(screen.get());
+    if (found == windows_.end()) continue;
+    accessibility_.announce(*found->second, words);
+    return;
   }
-  return nullptr;
 }
 
 Moment QtDesktop::now() const {

@@ -5,6 +5,8 @@
 #include <QMargins>
 #include <QTimer>
 #include <map>
+#include <memory>
+#include <optional>
 
 #include "platform/desktop.h"
 #include "platform/qt/accessibility.h"
@@ -38,8 +40,13 @@ class QtDesktop final : public Desktop {
 
   Moment now() const;
   Pictures& pictures() { return pictures_; }
-  QMargins titleBarMargins() const { return titleBar_; }
-  void learnTitleBarMargins(const QMargins& frame) { titleBar_ = frame; }
+  /// The frame of a window with a title bar, once it is known.
+  std::optional<QMargins> titleBar() const { return titleBar_; }
+  void learnTitleBar(const QMargins& frame) { titleBar_ = frame; }
+
+  /// A window was minimised or brought back: the backdrop goes with the last of them, and comes back with the
+  /// first.
+  void followMinimising();
 
  private:
   void present(Screen& screen) override;
@@ -48,7 +55,9 @@ class QtDesktop final : public Desktop {
   void announce(const std::string& words) override;
 
   void armTicker();
-  ScreenWindow* backdrop() const;  // Null where there is none.
+  void showBackdrop(Screen& screen);
+  void hideBackdrop();
+  ScreenWindow* ownerOf(const Screen& screen) const;  // Null where there is none.
 
   QElapsedTimer clock_;
   QTimer ticker_;  // Wakes for the next tick of any screen's timer.
@@ -56,9 +65,12 @@ class QtDesktop final : public Desktop {
   Pictures pictures_;
   SoundPlayer sounds_;
   Accessibility accessibility_;
-  QMargins titleBar_;
-  std::map<const Screen*, ScreenWindow*> windows_;
-  bool backdropIsNew_ = false;  // It was shown by the running handler.
+  std::optional<QMargins> titleBar_;
+  std::map<const Screen*, ScreenWindow*> windows_;  // All but the backdrop's.
+
+  // One window for the whole run, made with the first backdrop and then shown and hidden: the window system
+  // may lose windows that belong to another when that goes.
+  std::unique_ptr<ScreenWindow> backdrop_;
 };
 
 }  // namespace platform::qt
