@@ -24,6 +24,7 @@ as_root=()
 end_everything() {
   local started
   export -n TMPDIR
+  disown -a # No word of each that is killed.
   [ -z "$job" ] || kill -KILL -- "-$job" 2>/dev/null
   for _ in {1..50}; do
     mapfile -t started < <(grep -lzs "^TMPDIR=$TMPDIR" /proc/[0-9]*/environ | tr -dc '0-9\n')
@@ -106,7 +107,7 @@ need() {
     echo "Packages are missing and may not be installed from here; as root: apt-get install ${missing[*]}" >&2
     exit 1
   fi
-  run "Installing ${#missing[@]} packages and what they need" install_packages "${missing[@]}"
+  run "Installing ${#missing[@]} packages" install_packages "${missing[@]}"
 }
 
 install_packages() {
