@@ -112,8 +112,10 @@ need() {
 
 install_packages() {
   local apt=(env DEBIAN_FRONTEND=noninteractive "TMPDIR=$TMPDIR" apt-get -qq -y -o APT::Status-Fd=1 -o Dpkg::Use-Pty=0)
-  "${as_root[@]}" dpkg --configure -a # In case an earlier run was interrupted.
+  # An earlier run may have been ended in the middle of an installation.
+  "${as_root[@]}" dpkg --configure -a || true
   "${as_root[@]}" "${apt[@]}" update
+  "${as_root[@]}" "${apt[@]}" --fix-broken install --no-install-recommends
   "${as_root[@]}" "${apt[@]}" install --no-install-recommends "$@"
 }
 
