@@ -16,7 +16,7 @@ trap 'exit 143' TERM
 # Packages by use.
 program_packages=(g++ cmake ninja-build qt6-base-dev qt6-multimedia-dev libpulse-dev libsndfile1-dev)
 player_packages=(fonts-liberation)
-package_packages=(debhelper dpkg-dev)
+package_packages=(build-essential debhelper)
 
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo -n)
