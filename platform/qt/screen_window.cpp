@@ -222,8 +222,12 @@ bool ScreenWindow::event(QEvent* event) {
     case QEvent::WindowActivate:
       heedFrame();
       break;
+    case QEvent::MouseButtonPress:
+      // Not every window manager keeps the game in front of a backdrop that came later.
+      if (screen_ && screen_->frame == Frame::Backdrop) desktop_.bringGameForward();
+      break;
     case QEvent::WindowStateChange:
-      if (screen_ && screen_->frame != Frame::Backdrop) desktop_.followMinimising();
+      if (screen_) desktop_.followMinimising(*this);
       break;
     default:
       break;

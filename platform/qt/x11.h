@@ -18,4 +18,8 @@ std::optional<QMargins> futureFrame(QWindow& window);
 /// for a window that is not yet on the display.
 void setTransientParentOfMapped(QWindow& window, const QWindow* parent);
 
+/// Minimises `window` or brings it back, and leaves all else of its state alone; Qt would take a window from
+/// full screen and make it that again on the way, which to some window managers means bringing it back.
+void setMinimised(QWindow& window, bool minimised);
+
 }  // namespace platform::qt
