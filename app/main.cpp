@@ -1,7 +1,10 @@
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <fontconfig/fontconfig.h>
+#include <future>
 
 #include "app/register_screens.h"
 #include "platform/qt/accessibility.h"
@@ -19,6 +22,12 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::quick_exit(EXIT_FAILURE);
 }
 
+void setIcon() {
+  QIcon icon;
+  for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
+  QApplication::setWindowIcon(icon);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -27,17 +36,17 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
   }
   platform::qt::Accessibility::letReadersComeLater();
+  // What the fonts are called takes a while to read; the first text needs it.
+  const auto fonts = std::async(FcInit);
   const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
   QGuiApplication::setDesktopFileName(QStringLiteral("org.example.tolvane"));
-  QIcon icon;
-  for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
-  QApplication::setWindowIcon(icon);
   game::GameOptions options;
   game::GameState state;
   platform::qt::QtDesktop desktop;
   app::registerScreens(desktop, options, state);
   desktop.start(shell::titleScreen);
+  QTimer::singleShot(0, setIcon);  // The window comes first.
   return QApplication::exec();
 }
