@@ -1,23 +1,52 @@
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <fontconfig/fontconfig.h>
+#include <future>
 
 #include "app/register_screens.h"
+#include "platform/qt/accessibility.h"
 #include "platform/qt/qt_desktop.h"
 #include "screens/shell/screen_names.h"
+
+namespace {
+
+/// The one fatal message while Qt starts is that it reaches no display; Qt itself would abort with a core.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString& /*message*/) {
+  if (type != QtFatalMsg) return;
+  std::fprintf(stderr,
+               "Tolvane needs a display, and none answers (DISPLAY=\"%s\", WAYLAND_DISPLAY=\"%s\").\n",
+               qgetenv("DISPLAY").constData(), qgetenv("WAYLAND_DISPLAY").constData());
+  std::quick_exit(EXIT_FAILURE);
+}
+
+void setIcon() {
+  QIcon icon;
+  for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
+  QApplication::setWindowIcon(icon);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   // The game places and stacks its own windows, which only X11 lets it do; Wayland is better than nothing.
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+    qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
   }
+  platform::qt::Accessibility::letReadersComeLater();
+  // What the fonts are called takes a while to read; the first text needs it.
+  const auto fonts = std::async(FcInit);
+  const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
-  QIcon icon;
-  for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
-  QApplication::setWindowIcon(icon);
+  qInstallMessageHandler(usual);
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.example.tolvane"));
   game::GameOptions options;
   game::GameState state;
   platform::qt::QtDesktop desktop;
   app::registerScreens(desktop, options, state);
   desktop.start(shell::titleScreen);
+  QTimer::singleShot(0, setIcon);  // The window comes first.
   return QApplication::exec();
 }

@@ -1,6 +1,7 @@
 #include "game/throwing.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "game/board.h"
 #include "game/sound.h"
@@ -8,7 +9,10 @@
 namespace game {
 
 int drawBelow(platform::Chance& chance, int count) {
-  return static_cast<int>(chance.next() * count);
+  // In whole numbers: the product of two fractions is rounded differently where the processor is more
+  // precise, and a face is the same on every machine.
+  constexpr int bits = 53;
+  return static_cast<int>(std::llround(std::ldexp(chance.next(), bits)) * count >> bits);
 }
 
 int drawFace(platform::Chance& chance, int before) {

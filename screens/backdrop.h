@@ -10,6 +10,7 @@ class Grey final : public platform::Screen {
  public:
   explicit Grey(platform::Desktop& desktop) : Screen(desktop, shell::backdrop) {
     caption = "Form1";
+    spokenName = "Backdrop";
     frame = platform::Frame::Backdrop;
   }
 

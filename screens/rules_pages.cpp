@@ -222,7 +222,9 @@ void RulesPage::addNavigation(std::size_t index, const Box& box, std::string_vie
 
 void RulesPage::load() {
   shell::fitscreen(desktop(), *this);
-  if (const auto own = loadPicture(desktop(), Image1, design_.picture)) {
+  const auto own = loadPicture(desktop(), Image1, design_.picture);
+  // What a file says of itself may be nonsense.
+  if (own && Image1.left + own->width <= client.width && Image1.top + own->height <= client.height) {
     Image1.width = own->width;
     Image1.height = own->height;
   }

@@ -1,7 +1,7 @@
 """The game's emblem, a ship's wheel and dice, and the application's icon."""
 import math
 import sys
-from brush import Sheet, BOARD, NAVY, INK, BRASS, WOOD, hexa, wheel, die, lit_ring, tone
+from brush import Sheet, BOARD, NAVY, INK, hexa, wheel, die
 
 
 def emblem(width, height, ground):

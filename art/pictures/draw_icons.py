@@ -3,7 +3,8 @@ rose, an anchor and a hand of bananas.  Each lies in the same brass-rimmed
 medallion; the corners are the board's blue, so that no box shows."""
 import math
 import sys
-from brush import *
+from brush import (BOARD, BRASS, INK, IVORY, LIGHT, ROPE, STEEL, WOOD, Sheet, ball, hexa, line, lit_ring, mix, ramp, smooth,
+                   tone, turned, wheel)
 
 SIZE = 260
 C = 130.0

@@ -256,8 +256,6 @@ def water(x, z, h, hx, hz, px, py, fine):
 
 
 def sea(s):
-    dice = random.Random(5)
-    rows = []
     y = HORIZON + 1.0
     ys = []
     while y < HIGH + 120:
@@ -338,7 +336,6 @@ def glints(s):
     marks = []
     for _ in range(4200):
         d = 1.5 + (HIGH - HORIZON + 6) * dice.random() ** 1.6
-        py = HORIZON + d
         sx = SUN[0] + dice.gauss(0, 1) * (13 + d * .25)
         dist = FOCUS * EYE / d
         X, Z = (sx - CX) * dist / FOCUS, dist - FAR

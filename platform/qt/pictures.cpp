@@ -1,6 +1,8 @@
 #include "platform/qt/pictures.h"
 
-#include <QByteArrayView>
+#include <QBuffer>
+#include <QImageReader>
+#include <utility>
 
 #include "platform/files.h"
 
@@ -8,32 +10,86 @@ namespace platform::qt {
 
 namespace {
 
-constexpr float twipsPerMetre = 1440 / 0.0254F;
 constexpr std::size_t largestFile = 16 << 20;
+
+// JPEG is what the game has. Whatever else lies under such a name is not handed to a decoder that knows it: a
+// drawing, for one, may refer to further files.
+constexpr char format[] = "jpg";
+
+/// Twips a pixel, across and down, by the header that such files begin with; at 96 dots an inch when it
+/// states nothing.
+Size ownScale(const std::string& file) {
+  constexpr float twipsPerInch = 1440;
+  constexpr float centimetresPerInch = 2.54F;
+  constexpr std::size_t headerSize = 18;
+  enum Unit { None, DotsPerInch, DotsPerCentimetre };
+  const auto byte = [&file](std::size_t at) { return static_cast<unsigned char>(file[at]); };
+  const auto scale = [&](std::size_t at) {
+    constexpr float twipsAt96 = twipsPerInch / 96;
+    if (file.size() < headerSize || file.compare(6, 5, "JFIF\0", 5) != 0) return twipsAt96;
+    const auto dots = static_cast<float>(byte(at) * 256 + byte(at + 1));
+    const int unit = byte(13);
+    if (dots == 0 || (unit != DotsPerInch && unit != DotsPerCentimetre)) return twipsAt96;
+    return twipsPerInch / (unit == DotsPerInch ? dots : dots * centimetresPerInch);
+  };
+  return {scale(14), scale(16)};
+}
+
+/// A file being read as a picture.
+class PictureFile {
+ public:
+  explicit PictureFile(std::string_view path)
+      : contents_(readFile(path, largestFile).value_or("")),
+        bytes_(QByteArray::fromRawData(contents_.data(), static_cast<qsizetype>(contents_.size()))),
+        buffer_(&bytes_),
+        reader_(&buffer_, format) {
+    reader_.setAutoDetectImageFormat(false);
+  }
+
+  const std::string& contents() const { return contents_; }
+  QImageReader& reader() { return reader_; }
+
+ private:
+  std::string contents_;
+  QByteArray bytes_;
+  QBuffer buffer_;
+  QImageReader reader_;
+};
+
+QImage decode(const std::string& path, QSize pixels) {
+  PictureFile file(path);
+  file.reader().setScaledSize(pixels);
+  return file.reader().read();
+}
 
 }  // namespace
 
 std::optional<Size> Pictures::load(std::string_view path) {
-  const auto file = readFile(path, largestFile);
-  QImage image;
-  if (file) image.loadFromData(QByteArrayView(*file), "jpg");
-  if (image.isNull()) return std::nullopt;
-  const Size own{
-      static_cast<float>(image.width()) / static_cast<float>(image.dotsPerMeterX()) * twipsPerMetre,
-      static_cast<float>(image.height()) / static_cast<float>(image.dotsPerMeterY()) * twipsPerMetre};
-  pictures_.insert_or_assign(std::string(path), Picture{std::move(image), {}});
-  return own;
+  if (const auto old = pictures_.find(path); old != pictures_.end()) pictures_.erase(old);
+  PictureFile file(path);
+  const QSize own = file.reader().size();
+  const qint64 memory = 4 * qint64(own.width()) * own.height();
+  if (own.isEmpty() || memory > qint64(QImageReader::allocationLimit()) << 20) return std::nullopt;
+  pictures_.try_emplace(std::string(path));
+  const Size scale = ownScale(file.contents());
+  return Size{static_cast<float>(own.width()) * scale.width, static_cast<float>(own.height()) * scale.height};
+}
+
+void Pictures::prepare(std::string_view path, QSize pixels) {
+  const auto found = pictures_.find(path);
+  if (found == pictures_.end() || found->second.pixels == pixels) return;
+  found->second.pixels = pixels;
+  found->second.decoding = std::async(decode, found->first, pixels);
 }
 
 const QPixmap& Pictures::scaledTo(std::string_view path, QSize pixels) {
   static const QPixmap none;
+  prepare(path, pixels);
   const auto found = pictures_.find(path);
   if (found == pictures_.end()) return none;
-  auto& [image, scaled] = found->second;
-  if (scaled.size() != pixels) {
-    scaled = QPixmap::fromImage(image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-  }
-  return scaled;
+  Picture& picture = found->second;
+  if (picture.decoding.valid()) picture.shown = QPixmap::fromImage(picture.decoding.get());
+  return picture.shown;
 }
 
 }  // namespace platform::qt

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QPixmap>
+#include <future>
 #include <map>
 #include <optional>
 #include <string>
@@ -14,16 +15,22 @@ namespace platform::qt {
 
 class Pictures {
  public:
-  /// Reads a picture, anew if it was read before. Its own size in twips; nothing when it cannot be read.
+  /// Looks a picture up, anew if it was loaded before. Its own size in twips; nothing when it is no JPEG file
+  /// or more than can sensibly be shown.
   std::optional<Size> load(std::string_view path);
 
-  /// A picture that was loaded, at exactly this many pixels; a null pixmap when it was not.
+  /// Starts to decode a picture that was loaded, so that it is there by the time its window is.
+  void prepare(std::string_view path, QSize pixels);
+
+  /// A picture that was loaded, at this many pixels; a null pixmap when there is none.
   const QPixmap& scaledTo(std::string_view path, QSize pixels);
 
  private:
+  // Kept as it is shown alone: a picture stands in one box, so one size is enough.
   struct Picture {
-    QImage image;
-    QPixmap scaled;  // As it was last drawn: a picture stands in one box, so one size is enough.
+    QSize pixels;
+    std::future<QImage> decoding;
+    QPixmap shown;
   };
 
   std::map<std::string, Picture, std::less<>> pictures_;

@@ -6,8 +6,10 @@
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
+#include <ranges>
 
 #include "platform/files.h"
+#include "platform/qt/x11.h"
 
 namespace platform::qt {
 
@@ -73,39 +75,103 @@ void QtDesktop::endProgram() {
 }
 
 void QtDesktop::present(Screen& screen) {
-  ScreenWindow*& window = windows_[&screen];
-  if (!window) {
-    window = new ScreenWindow(*this, screen);
-    backdropIsNew_ = backdropIsNew_ || screen.frame == Frame::Backdrop;
+  if (screen.frame == Frame::Backdrop) {
+    if (!backdrop_) backdrop_ = std::make_unique<ScreenWindow>(*this, screen);
+    showBackdrop(screen);
+    return;
   }
-  window->present(backdrop());
+  ScreenWindow*& window = windows_[&screen];
+  if (!window) window = new ScreenWindow(*this, screen);
+  window->present(ownerOf(screen));
 }
 
 void QtDesktop::dismiss(Screen& screen) {
+  if (screen.frame == Frame::Backdrop) {
+    hideBackdrop();
+    return;
+  }
   const auto found = windows_.find(&screen);
   if (found == windows_.end()) return;
-  found->second->dismiss();
+  ScreenWindow& going = *found->second;
   windows_.erase(found);
+  for (const auto& [other, window] : windows_) {
+    if (window->owner() == &going) window->belongTo(going.owner());
+  }
+  going.dismiss();
+}
+
+void QtDesktop::showBackdrop(Screen& screen) {
+  backdrop_->cover(screen);
+  for (ScreenWindow* window : seenWindows()) {  // In front of it belongs what was open before.
+    window->belongTo(backdrop_.get());
+    window->raise();
+  }
+}
+
+void QtDesktop::bringGameForward() {
+  const auto windows = seenWindows();
+  for (ScreenWindow* window : windows) window->raise();
+  if (!windows.empty()) windows.back()->activateWindow();
+}
+
+void QtDesktop::hideBackdrop() {
+  for (const auto& [screen, window] : windows_) {
+    if (window->owner() == backdrop_.get()) window->belongTo(nullptr);
+  }
+  backdrop_->uncover();
+}
+
+void QtDesktop::followMinimising(const ScreenWindow& changed) {
+  if (!backdrop_ || !backdrop_->isVisible()) return;
+  const bool seen = !seenWindows().empty();
+  if (&changed != backdrop_.get()) {
+    if (seen == backdrop_->isMinimized()) setMinimised(*backdrop_->windowHandle(), !seen);
+  } else if (!seen && !backdrop_->isMinimized()) {
+    for (const auto& [screen, window] : windows_) setMinimised(*window->windowHandle(), false);
+  } else {
+    return;
+  }
+  if (seen) bringGameForward();
+}
+
+std::vector<ScreenWindow*> QtDesktop::seenWindows() const {
+  std::vector<ScreenWindow*> seen;
+  for (const auto& open : openScreens()) {
+    const auto found = windows_.find(open.get());
+    if (found != windows_.end() && found->second->isVisible() && !found->second->isMinimized())
+      seen.push_back(found->second);
+  }
+  return seen;
+}
+
+// Window managers keep a window in front of the backdrop it belongs to; which of the others is in front, the
+// program tells them. A Wayland compositor takes no such word, so there each window belongs to the one it was
+// opened from.
+ScreenWindow* QtDesktop::ownerOf(const Screen& screen) const {
+  ScreenWindow* const behind = backdrop_ && backdrop_->isVisible() ? backdrop_.get() : nullptr;
+  if (onX11()) return behind;
+  ScreenWindow* owner = behind;
+  for (ScreenWindow* window : seenWindows()) {
+    if (window != windows_.at(&screen) && (!behind || window->owner())) owner = window;
+  }
+  return owner;
 }
 
 void QtDesktop::refresh() {
-  for (const auto& screen : openScreens()) {
-    ScreenWindow* window = windows_.at(screen.get());
+  for (const auto& [screen, window] : windows_) {
     window->refresh();
-    // What was open before the backdrop belongs in front of it as well, in its order.
-    if (backdropIsNew_) window->present(backdrop());
+    accessibility_.refresh(*window);
   }
-  backdropIsNew_ = false;
   armTicker();
 }
 
-void QtDesktop::announce(const std::string& /*words*/) {}
-
-ScreenWindow* QtDesktop::backdrop() const {
-  for (const auto& open : openScreens()) {
-    if (open->frame == Frame::Backdrop) return windows_.at(open.get());
+void QtDesktop::announce(const std::string& words) {
+  for (const auto& screen : openScreens() | std::views::reverse) {
+    const auto found = windows_.find(screen.get());
+    if (found == windows_.end()) continue;
+    accessibility_.announce(*found->second, words);
+    return;
   }
-  return nullptr;
 }
 
 Moment QtDesktop::now() const {

@@ -5,8 +5,12 @@
 #include <QMargins>
 #include <QTimer>
 #include <map>
+#include <memory>
+#include <optional>
+#include <vector>
 
 #include "platform/desktop.h"
+#include "platform/qt/accessibility.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/screen_window.h"
 #include "platform/qt/sound_player.h"
@@ -37,8 +41,16 @@ class QtDesktop final : public Desktop {
 
   Moment now() const;
   Pictures& pictures() { return pictures_; }
-  QMargins titleBarMargins() const { return titleBar_; }
-  void learnTitleBarMargins(const QMargins& frame) { titleBar_ = frame; }
+  /// The frame of a window with a title bar, once it is known.
+  std::optional<QMargins> titleBar() const { return titleBar_; }
+  void learnTitleBar(const QMargins& frame) { titleBar_ = frame; }
+
+  /// Puts all windows in front of the backdrop again, in their order; the foremost has the keyboard.
+  void bringGameForward();
+
+  /// `changed` was minimised or brought back: the backdrop goes with the last of the others and comes back
+  /// with the first, and brings them back.
+  void followMinimising(const ScreenWindow& changed);
 
  private:
   void present(Screen& screen) override;
@@ -47,16 +59,24 @@ class QtDesktop final : public Desktop {
   void announce(const std::string& words) override;
 
   void armTicker();
-  ScreenWindow* backdrop() const;  // Null where there is none.
+  void showBackdrop(Screen& screen);
+  void hideBackdrop();
+  std::vector<ScreenWindow*> seenWindows()
+      const;  // All but the backdrop and those minimised, in their order.
+  ScreenWindow* ownerOf(const Screen& screen) const;  // Null where there is none.
 
   QElapsedTimer clock_;
   QTimer ticker_;  // Wakes for the next tick of any screen's timer.
   ClockChance chance_;
   Pictures pictures_;
   SoundPlayer sounds_;
-  QMargins titleBar_;
-  std::map<const Screen*, ScreenWindow*> windows_;
-  bool backdropIsNew_ = false;  // It was shown by the running handler.
+  Accessibility accessibility_;
+  std::optional<QMargins> titleBar_;
+  std::map<const Screen*, ScreenWindow*> windows_;  // All but the backdrop's.
+
+  // One window for the whole run, made with the first backdrop and then shown and hidden: the window system
+  // may lose windows that belong to another when that goes.
+  std::unique_ptr<ScreenWindow> backdrop_;
 };
 
 }  // namespace platform::qt

@@ -5,11 +5,13 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
+#include <QToolTip>
 #include <QWindow>
 #include <algorithm>
 #include <optional>
 
 #include "platform/qt/qt_desktop.h"
+#include "platform/qt/x11.h"
 
 namespace platform::qt {
 
@@ -24,7 +26,7 @@ Qt::WindowFlags flagsFor(Frame frame) {
     case Frame::ThinLine:
       return Qt::Dialog | Qt::FramelessWindowHint;
     case Frame::Backdrop:
-      return Qt::Window | Qt::FramelessWindowHint;
+      return Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
   }
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
@@ -105,6 +107,12 @@ void ScreenWindow::refresh() {
   raiseInDrawingOrder();
 }
 
+View* ScreenWindow::view(const Widget& widget) const {
+  const auto found = std::find_if(views_.begin(), views_.end(),
+                                  [&](const View* view) { return &view->widget() == &widget; });
+  return found == views_.end() ? nullptr : *found;
+}
+
 void ScreenWindow::raiseInDrawingOrder() {
   const auto order = screen_->drawingOrder();
   if (std::equal(order.begin(), order.end(), drawnOrder_.begin(), drawnOrder_.end())) return;
@@ -114,29 +122,44 @@ void ScreenWindow::raiseInDrawingOrder() {
     if (wanted != order.end() && *wanted == drawn) ++wanted;
   }
   for (; wanted != order.end(); ++wanted) {
-    const auto found = std::find_if(views_.begin(), views_.end(),
-                                    [&](const View* view) { return &view->widget() == *wanted; });
-    if (found != views_.end()) (*found)->raise();
+    view(**wanted)->raise();
   }
   drawnOrder_.assign(order.begin(), order.end());
 }
 
-void ScreenWindow::present(ScreenWindow* backdrop) {
-  if (this == backdrop) {
-    setGeometry(QGuiApplication::primaryScreen()->geometry());  // Where no window manager does it.
-    showFullScreen();
-    return;
-  }
-  // The place comes first: only a window that is not yet there can be given one with its frame counted in.
+void ScreenWindow::present(ScreenWindow* owner) {
   if (!isVisible()) place();
-  winId();  // Makes the window system's window, so that it can belong to another.
-  if (backdrop && windowHandle()->transientParent() != backdrop->windowHandle()) {
-    hide();  // A window already on the display would not learn of it.
-    windowHandle()->setTransientParent(backdrop->windowHandle());
-  }
+  belongTo(owner);
   show();
+  heedFrame();
   raise();
   activateWindow();
+}
+
+void ScreenWindow::belongTo(ScreenWindow* owner) {
+  if (owner == owner_) return;
+  owner_ = owner;
+  QWindow* behind = owner ? owner->windowHandle() : nullptr;
+  // A Wayland compositor hears of an owner only with a new window; of none, it needs not hear. A window
+  // manager would lose a window that goes and comes at once.
+  const bool comesAnew = isVisible() && behind && !onX11();
+  if (comesAnew) hide();
+  windowHandle()->setTransientParent(behind);
+  if (comesAnew) show();
+  if (isVisible() && onX11()) setTransientParentOfMapped(*windowHandle(), behind);
+}
+
+void ScreenWindow::cover(Screen& screen) {
+  screen_ = &screen;
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setGeometry(QGuiApplication::primaryScreen()->geometry());  // Where no window manager does it.
+  setWindowState(Qt::WindowFullScreen);                       // `showFullScreen` would give it the keyboard.
+  show();
+}
+
+void ScreenWindow::uncover() {
+  screen_ = nullptr;
+  hide();
 }
 
 void ScreenWindow::dismiss() {
@@ -146,29 +169,88 @@ void ScreenWindow::dismiss() {
 }
 
 void ScreenWindow::place() {
-  frame_ = screen_->frame == Frame::TitleBar ? desktop_.titleBarMargins() : QMargins();
+  winId();  // Makes the window system's window.
+  frame_ = QMargins();
+  if (screen_->frame == Frame::TitleBar) {
+    if (!desktop_.titleBar()) {
+      setFixedSize(pixels(screen_->client.width), pixels(screen_->client.height));
+      if (const auto frame = futureFrame(*windowHandle())) desktop_.learnTitleBar(*frame);
+    }
+    frame_ = desktop_.titleBar().value_or(QMargins());
+  }
   const Placement outer = outerPlacement(*screen_, extents(frame_));
   const QPoint display = QGuiApplication::primaryScreen()->geometry().topLeft();
-  setFixedSize(pixels(outer.width) - frame_.left() - frame_.right(),
-               pixels(outer.height) - frame_.top() - frame_.bottom());
-  move(display + QPoint(pixels(outer.left), pixels(outer.top)));
+  const QRect whole(display + QPoint(pixels(outer.left), pixels(outer.top)),
+                    QSize(pixels(outer.width), pixels(outer.height)));
+  const QRect inside = whole.marginsRemoved(frame_);
+  setFixedSize(inside.size());
+  if (isVisible()) {
+    setGeometry(inside);  // `move` would count with the frame that Qt has known for long.
+  } else {
+    // Some window managers know only where a new window's frame stands, some only where its inside stands
+    // later.
+    setGeometry(QRect(whole.topLeft(), inside.size()));
+    windowHandle()->resize(inside.size());
+    windowHandle()->setFramePosition(whole.topLeft());
+  }
+}
+
+// The frame may be another than the window manager said, or than that of earlier windows: it is there to be
+// seen once the window is on the display.
+void ScreenWindow::heedFrame() {
+  if (frameIsSeen_ || !screen_ || screen_->frame != Frame::TitleBar || !isVisible()) return;
+  const QMargins frame = windowHandle()->frameMargins();
+  // Some window managers pass through the most wonderful frames on their way to the right one.
+  constexpr int thickest = 96;
+  for (const int side : {frame.left(), frame.top(), frame.right(), frame.bottom()}) {
+    if (side < 0 || side > thickest) return;
+  }
+  if (frame.isNull()) return;  // Or not yet there.
+  frameIsSeen_ = true;
+  if (frame == frame_) return;
+  desktop_.learnTitleBar(frame);
+  place();
 }
 
 bool ScreenWindow::event(QEvent* event) {
-  // The window system tells what its frame is like only once a window is on the display.
-  if (screen_ && screen_->frame == Frame::TitleBar && isVisible() && windowHandle()) {
-    const QMargins frame = windowHandle()->frameMargins();
-    if (!frame.isNull() && frame != frame_) {
-      desktop_.learnTitleBarMargins(frame);
-      place();
-    }
+  switch (event->type()) {
+    case QEvent::ToolTip:
+      showToolTip(static_cast<QHelpEvent*>(event)->pos());
+      return true;
+    case QEvent::Move:
+    case QEvent::Resize:
+    case QEvent::WindowActivate:
+      heedFrame();
+      break;
+    case QEvent::MouseButtonPress:
+      // Not every window manager keeps the game in front of a backdrop that came later.
+      if (screen_ && screen_->frame == Frame::Backdrop) desktop_.bringGameForward();
+      break;
+    case QEvent::WindowStateChange:
+      if (screen_) desktop_.followMinimising(*this);
+      break;
+    default:
+      break;
   }
-  return QWidget::event(event);  // The last thing: the event may be this window's end.
+  return QWidget::event(event);
+}
+
+void ScreenWindow::showToolTip(const QPoint& at) {
+  const auto found = std::find_if(views_.begin(), views_.end(), [&](const View* view) {
+    return view->isVisible() && view->geometry().contains(at) && !view->widget().toolTip.empty();
+  });
+  if (!screen_ || found == views_.end()) return;
+  QToolTip::showText(mapToGlobal(at), QString::fromStdString((*found)->widget().toolTip), this,
+                     (*found)->geometry());
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // The desktop takes it off the display, in its order.
-  if (screen_) desktop_.handle(desktop_.now(), [this] { desktop_.unload(screen_->name()); });
+  // In its turn: the window system may ask while a handler runs.
+  const auto close = [this] {
+    if (screen_) desktop_.handle(desktop_.now(), [this] { desktop_.unload(screen_->name()); });
+  };
+  QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
 }
 
 void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {

@@ -2,13 +2,19 @@
 #pragma once
 
 #include <QObject>
-#include <QThread>
+#include <mutex>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <thread>
 
 namespace platform::qt {
 
-/// Plays on a thread of its own, which starts with the first sound: opening the sound device can take long,
-/// and neither the start of the program nor a handler waits for it.
+class SoundOutput;
+
+/// Plays on a thread of its own, which starts with the first sound: reading a file and looking for the sound
+/// server can take long, and neither the start of the program nor a handler nor its end waits for it. Needs a
+/// QApplication.
 class SoundPlayer final : public QObject {
   Q_OBJECT
 
@@ -20,15 +26,18 @@ class SoundPlayer final : public QObject {
   void play(std::string_view path);
 
  signals:
-  void requested(const QString& name);
+  /// The file cannot be played.
   void failed();
 
  private:
-  class Worker;
+  void work(const QString& module);
+  void letWake(SoundOutput* output);
 
-  void start();
-
-  QThread thread_;
+  std::thread thread_;
+  std::mutex mutex_;                   // Guards what follows.
+  std::optional<std::string> newest_;  // The sound that is asked for.
+  SoundOutput* output_ = nullptr;      // The thread's, while it can be woken.
+  bool ending_ = false;
 };
 
 }  // namespace platform::qt

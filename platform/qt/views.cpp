@@ -31,29 +31,55 @@ Qt::Alignment alignmentOf(const Appearance& look) {
   return Qt::AlignLeft;
 }
 
-void paintTick(QPainter& painter, const Appearance& look, QRectF box) {
-  painter.setRenderHint(QPainter::Antialiasing, false);
+/// The whole pixels of the display nearest to a place on it: lines are as thick wherever the scale of the
+/// display lets their edges fall.
+QRect wholePixels(const QRectF& place) {
+  const QPoint topLeft(qRound(place.left()), qRound(place.top()));
+  return {topLeft, QPoint(qRound(place.right()) - 1, qRound(place.bottom()) - 1)};
+}
+
+/// A frame just inside `box`.
+void paintFrame(QPainter& painter, const QRect& box, int line, QColor colour) {
+  const QRegion inside(box.adjusted(line, line, -line, -line));
+  for (const QRect& edge : QRegion(box) - inside) painter.fillRect(edge, colour);
+}
+
+void paintTick(QPainter& painter, const Appearance& look, const QRect& box, int line) {
   painter.fillRect(box, Qt::white);
-  painter.setPen(QPen(colour(black), 1));
-  painter.drawRect(box.adjusted(0, 0, -1, -1));
+  paintFrame(painter, box, line, colour(black));
   if (!look.checked) return;
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(colour(black), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.setPen(QPen(colour(black), 2 * line, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   const auto at = [&box](double x, double y) {
     return QPointF(box.left() + x * box.width(), box.top() + y * box.height());
   };
   painter.drawPolyline(QList<QPointF>{at(0.22, 0.52), at(0.42, 0.74), at(0.78, 0.26)});
 }
 
-/// The box of a widget in pixels. Running text that needs more than its box takes it, downwards.
+/// The box of a widget in pixels.
 QRect placeOf(const Appearance& look) {
-  const QPoint topLeft(pixels(look.left), pixels(look.top));
-  QRect place(topLeft, QPoint(pixels(look.left + look.width) - 1, pixels(look.top + look.height) - 1));
-  if (!look.border && !look.text.empty()) {
-    QTextLayout text;
-    place.setHeight(std::max(place.height(), static_cast<int>(layOutText(text, look))));
+  return {QPoint(pixels(look.left), pixels(look.top)),
+          QPoint(pixels(look.left + look.width) - 1, pixels(look.top + look.height) - 1)};
+}
+
+/// Breaks a text into the lines of its box and returns the height they take together; nothing when that is
+/// more than the box has, or when a word is wider.
+std::optional<qreal> heightInBox(QTextLayout& text, const Appearance& look) {
+  const qreal width = look.width / twipsPerPixel;
+  // Lines are whole pixels apart, as the boxes were measured for.
+  const qreal lineHeight = std::round(QFontMetricsF(text.font()).lineSpacing());
+  qreal height = 0;
+  bool fits = true;
+  text.beginLayout();
+  for (QTextLine line = text.createLine(); line.isValid(); line = text.createLine()) {
+    line.setLineWidth(width);
+    line.setPosition(QPointF(0, height));
+    height += lineHeight;
+    fits = fits && line.naturalTextWidth() <= width;
   }
-  return place;
+  text.endLayout();
+  if (!fits || height > look.height / twipsPerPixel) return std::nullopt;
+  return height;
 }
 
 bool differOnlyInPlace(Appearance before, const Appearance& now) {
@@ -74,32 +100,25 @@ QFont fontFor(const Font& font) {
   QFont made(QStringList{family, QStringLiteral("Liberation Sans")});
   made.setPixelSize(pixels(font.points * twipsPerPoint));
   made.setBold(font.bold);
-  // Unhinted letters run a little wider than the whole-pixel ones that the boxes were measured for.
+  // Unhinted letters run a little wider than the whole-pixel ones that the boxes were measured for. They are
+  // what every scale has, so that texts break alike at each.
+  made.setHintingPreference(QFont::PreferNoHinting);
   made.setLetterSpacing(QFont::PercentageSpacing, 99);
+  made.setWordSpacing(-1);
   return made;
 }
 
 qreal layOutText(QTextLayout& text, const Appearance& look) {
-  const QFont font = fontFor(look.font);
-  const QFontMetricsF metrics(font);
-  text.setFont(font);
+  constexpr int smallest = 6;
+  QFont font = fontFor(look.font);
   text.setText(QString::fromStdString(look.text));
   text.setTextOption(QTextOption(alignmentOf(look)));
-  // A line that fits to the pixel must not break for a rounding.
-  qreal width = look.width / twipsPerPixel;
-  const qreal natural = metrics.horizontalAdvance(text.text());
-  if (natural < width + 1) width = std::max(width, natural);
-  // Lines are whole pixels apart, as the boxes were measured for.
-  const qreal lineHeight = std::round(metrics.lineSpacing());
-  qreal height = 0;
-  text.beginLayout();
-  for (QTextLine line = text.createLine(); line.isValid(); line = text.createLine()) {
-    line.setLineWidth(width);
-    line.setPosition(QPointF(0, height));
-    height += lineHeight;
+  for (;; font.setPixelSize(font.pixelSize() - 1)) {
+    text.setFont(font);
+    const auto height = heightInBox(text, look);
+    if (height) return *height;
+    if (font.pixelSize() <= smallest) return look.height / twipsPerPixel;
   }
-  text.endLayout();
-  return height;
 }
 
 View::View(Pictures& pictures, const Widget& widget, QWidget& parent)
@@ -116,6 +135,10 @@ void View::refresh(ViewState state) {
   const bool sameState = std::exchange(state_, state) == state;
   setGeometry(placeOf(look));
   setVisible(look.visible);
+  if (!look.picture.empty()) {
+    const QTransform toDevice = QTransform::fromScale(devicePixelRatioF(), devicePixelRatioF());
+    pictures_.prepare(look.picture, wholePixels(toDevice.mapRect(QRectF(geometry()))).size());
+  }
   if (before && sameState && differOnlyInPlace(*before, look)) return;  // The pixels come along.
   setAttribute(Qt::WA_OpaquePaintEvent, look.background.has_value());
   update();
@@ -124,35 +147,49 @@ void View::refresh(ViewState state) {
 void View::paintEvent(QPaintEvent* /*event*/) {
   const Appearance& look = *drawn_;  // The widget itself may have gone with its screen.
   QPainter painter(this);
-  QRectF box = rect();
-  if (look.background) painter.fillRect(box, fadedUnless(look.enabled, *look.background));
-  if (!look.picture.empty()) {
-    const qreal scale = devicePixelRatioF();
-    painter.drawPixmap(box, pictures_.scaledTo(look.picture, (box.size() * scale).toSize()), QRectF());
-  }
-  if (look.border) {
-    const qreal line = look.borderWidth / twipsPerPixel;
-    painter.setPen(QPen(colour(look.borderColour), line, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2));
-  }
+  const QRect whole = wholePixels(painter.deviceTransform().mapRect(QRectF(rect())));
+  const auto scaled = [scale = devicePixelRatioF()](qreal length) {
+    return std::max(1, qRound(length * scale));
+  };
+  const bool fadedGround =
+      look.role != Role::Button;  // A button's is the colour of whoever plays or has won.
   const QColor ink = fadedUnless(look.enabled, look.textColour);
+  QRectF textBox = rect();
+
+  painter.save();
+  painter.setTransform(painter.deviceTransform().inverted());  // From here on, pixels of the display.
+  if (look.background) {
+    painter.fillRect(whole, fadedUnless(look.enabled || !fadedGround, *look.background));
+  }
+  if (!look.picture.empty()) painter.drawPixmap(whole, pictures_.scaledTo(look.picture, whole.size()));
+  if (look.border) {
+    paintFrame(painter, whole, scaled(look.borderWidth / twipsPerPixel), colour(look.borderColour));
+  }
   if (state_.focused) {
     // A piece in the keyboard's hand has an unbroken mark.
-    painter.setPen(QPen(ink, 3, look.pickedUp ? Qt::SolidLine : Qt::DashLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.drawRect(box.adjusted(4.5, 4.5, -4.5, -4.5));
+    const int line = scaled(3);
+    const qreal middle = 1.5 * line;
+    painter.setPen(QPen(ink, line, look.pickedUp ? Qt::SolidLine : Qt::DashLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.drawRect(QRectF(whole).adjusted(middle, middle, -middle, -middle));
   }
   if (look.role == Role::CheckBox) {
-    constexpr qreal side = 15;
-    paintTick(painter, look, QRectF(0, std::floor((box.height() - side) / 2), side, side));
-    box.setLeft(side + 6);
+    constexpr int side = 15;
+    const QSize tick(scaled(side), scaled(side));
+    paintTick(painter, look, {whole.topLeft() + QPoint(0, (whole.height() - tick.height()) / 2), tick},
+              scaled(1));
+    textBox.setLeft(side + 6);
   }
-  if (state_.down) box.translate(1, 1);  // A button that is held down sinks.
+  painter.restore();
+
+  if (look.text.empty()) return;
+  if (state_.down) textBox.translate(1, 1);  // A button that is held down sinks.
   QTextLayout text;
   const qreal height = layOutText(text, look);
   // Buttons, dice and totals have their text in the middle, running text starts at the top.
   const bool middle = look.border || look.role == Role::CheckBox;
   painter.setPen(ink);
-  text.draw(&painter, box.topLeft() + QPointF(0, middle ? std::round((box.height() - height) / 2) : 0));
+  text.draw(&painter,
+            textBox.topLeft() + QPointF(0, middle ? std::round((textBox.height() - height) / 2) : 0));
 }
 
 }  // namespace platform::qt

@@ -18,8 +18,8 @@ int pixels(float twips);
 /// The font a text is drawn in, sized in pixels so that it keeps its proportion to its box on every display.
 QFont fontFor(const Font& font);
 
-/// Breaks a widget's text into lines that fit its width, and returns the height they take together, in
-/// pixels.
+/// Breaks a widget's text into lines that fit its box, in smaller letters where its own would not, and
+/// returns the height they take together, in pixels.
 qreal layOutText(QTextLayout& text, const Appearance& look);
 
 /// How the keyboard and the mouse have a widget, as far as that shows.
@@ -30,8 +30,8 @@ struct ViewState {
   friend bool operator==(const ViewState&, const ViewState&) = default;
 };
 
-/// The Qt widget that shows `widget`, from one `refresh` to the next. It hears nothing itself: its window hears for
-/// all.
+/// The Qt widget that shows `widget`, from one `refresh` to the next. It hears nothing itself: its window
+/// hears for all.
 class View final : public QWidget {
  public:
   View(Pictures& pictures, const Widget& widget, QWidget& parent);

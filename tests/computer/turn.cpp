@@ -108,7 +108,7 @@ TEST(ComputersTurn, LeavesNothingToTheNewGameThatIsPlayedToItsEnd) {
       program.desktop.advance(5000);
     }
     EXPECT_EQ(program.at("Label6").text + program.at("Label5(1)").text, "END OF GAME36");
-    EXPECT_EQ(program.watch(10000).find_first_of("?"), std::string::npos);
+    EXPECT_EQ(program.watch(10000).find('?'), std::string::npos);
   }
 }
 

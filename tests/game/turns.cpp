@@ -71,7 +71,7 @@ TEST(Game, GivesEverySeatFourTurns) {
       EXPECT_TRUE(wears(game, colour) && game.at("Label2(3)").textColour == colour);
       EXPECT_EQ(game.at("Label8").textColour, colour);
       if (!lost) game.dragDice("01234"), totals[turn % players] += 2 + turn % 6;
-      EXPECT_EQ(game.heard() != "", game.options.soundOn == 1);
+      EXPECT_EQ(!game.heard().empty(), game.options.soundOn == 1);
       game.desktop.advance(lost ? 4000 - (tests::aWholeThrow - 1250) - 1 : 3999);
       for (const char* button : {"Label2(2)", "Label2(3)", "Label2(4)"}) game.click(button);
       for (std::size_t i = 0; i < 5; ++i) game.drag(i, 600, 5000);

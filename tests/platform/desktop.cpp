@@ -54,7 +54,7 @@ TEST(Timer, CountsFromWhenItIsEnabledOrSet) {
   for (const auto& [ask, next] : cases) {
     platform::SimulatedDesktop desktop;
     platform::Timer& timer = startClock(desktop);
-    desktop.handle(milliseconds(60), [&] { ask(timer); });
+    desktop.handle(milliseconds(60), [&timer, ask = ask] { ask(timer); });
     EXPECT_EQ(desktop.nextTick(), next) << "case " << &ask - &cases[0].first;
   }
 }
@@ -83,14 +83,14 @@ struct Panel final : platform::Screen {
                                                       {"piece", platform::Role::Piece},
                                                       {"text", platform::Role::Text}};
     // Each is 100 high; b covers half of c, the hidden h the other half; t covers a and hears nothing.
-    for (const auto& [part, role, left, top, width] : tests::rows<5>(R"(
+    for (const auto& [part, role, x, y, wide] : tests::rows<5>(R"(
         a button 0 0 100      c button 200 0 200    b button 200 0 100    h button 300 0 100   t text 0 0 100
         d piece 500 500 100   e piece 650 500 100   f piece 800 500 100   o box 0 200 100      n link 0 400 100)")) {
       platform::Widget& widget = parts[part];
       add(widget, part,
-          {.left = std::stof(left),
-           .top = std::stof(top),
-           .width = std::stof(width),
+          {.left = std::stof(x),
+           .top = std::stof(y),
+           .width = std::stof(wide),
            .height = 100,
            .visible = part != "h",
            .enabled = part != "b" && part != "e",
@@ -118,11 +118,11 @@ struct Panel final : platform::Screen {
     };
   }
   bool onKey(platform::Key key) override {
-    const bool right = key == platform::Key::Right, left = key == platform::Key::Left;
+    const bool onwards = key == platform::Key::Right, back = key == platform::Key::Left;
     const bool own = key == platform::Key{'X'} || (focus() == &parts["d"] && key == platform::Key::Space);
-    if (right || left) moveFocusAlong(20, right ? 1 : -1);
+    if (onwards || back) moveFocusAlong(20, onwards ? 1 : -1);
     if (own) note(std::string("key") + static_cast<char>(key));
-    return right || left || own;
+    return onwards || back || own;
   }
   void note(const std::string& what, const std::optional<platform::MouseEvent>& mouse = {}) const {
     std::ostringstream text;
@@ -174,7 +174,7 @@ static std::string heardOf(const std::string& events) {
       if (word[0] == 'r') desktop.releaseMouse(desktop.now(), panel, mouse, button);
       if (word[0] == 'm' || word[0] == 'l') desktop.moveMouse(desktop.now(), panel, mouse);
     }
-    for (const std::string& words : std::exchange(desktop.said, {})) diary += words + " ";
+    for (const std::string& told : std::exchange(desktop.said, {})) diary += told + " ";
     if (panel.sunk() != sunk && desktop.refreshes > refreshes)
       diary += "[" + (panel.sunk() ? panel.sunk()->name : "") + "] ";
     if (panel.focus() != chosen) diary += "<" + (panel.focus() ? panel.focus()->name : "") + "> ";

@@ -81,7 +81,7 @@ TEST(SavedGame, HoldsTheGameThatWasLeft) {
       2,0,1,1,1,2,0,0,0,0,   D   2,0,1,1,1,2,0,0,0,0,    4,1,2,7,9,2,3,4,1,1,  G 2,1,2,1,9,2,0,0,1,1,
       2,1,4,0,10,20,0,0,1,0, LNL -                       2,1,4,0,9,2,0,0,1,0,  L -)")) {
     Program program;
-    const std::string old = program.lines(before) + std::string(200, '7');  // A new file is shorter.
+    const std::string old = Program::lines(before) + std::string(200, '7');  // A new file is shorter.
     program.restart(old);
     for (const char what : played) {
       if (what == 'G') program.scriptThrow("65466");

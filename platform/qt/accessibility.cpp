@@ -1,0 +1,306 @@
+#include "platform/qt/accessibility.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QEvent>
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "platform/qt/qt_desktop.h"
+
+namespace platform::qt {
+
+namespace {
+
+QAccessible::Role roleOf(const Widget& widget) {
+  switch (widget.role) {
+    case Role::Decoration:
+      break;
+    case Role::Text:
+      return QAccessible::StaticText;
+    case Role::Heading:
+      return QAccessible::Heading;
+    case Role::Button:
+      return QAccessible::Button;
+    case Role::CheckBox:
+      return QAccessible::CheckBox;
+    case Role::Link:
+      return QAccessible::Link;
+    case Role::Piece:
+      return QAccessible::ListItem;  // Of those that can be chosen, the one that readers read by its name
+                                     // alone.
+  }
+  return QAccessible::NoRole;
+}
+
+QString nameOf(const Widget& widget) {
+  return QString::fromStdString(widget.spokenName.empty() ? widget.text : widget.spokenName).simplified();
+}
+
+bool isTold(const Widget& widget) {
+  return widget.visible && widget.role != Role::Decoration && !nameOf(widget).isEmpty();
+}
+
+/// What the game says, for those versions of Qt that know no announcements: readers speak the text of a
+/// notification within a status bar when it is shown, and say nothing of their own about it.
+class SpokenText final : public QAccessibleInterface {
+ public:
+  SpokenText(QAccessible::Role role, QAccessibleInterface& parent) : role_(role), parent_(parent) {
+    QAccessible::registerAccessibleInterface(this);
+  }
+
+  void add(SpokenText& child) { children_.push_back(&child); }
+  void show(const QString& words) {
+    words_ = words;
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
+  }
+
+  bool isValid() const override { return true; }
+  QObject* object() const override { return nullptr; }
+  QWindow* window() const override { return parent_.window(); }
+  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+  QAccessibleInterface* parent() const override { return &parent_; }
+  QAccessibleInterface* child(int index) const override {
+    return index >= 0 && index < childCount() ? children_[static_cast<std::size_t>(index)] : nullptr;
+  }
+  int childCount() const override { return static_cast<int>(children_.size()); }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const auto found = std::find(children_.begin(), children_.end(), child);
+    return found == children_.end() ? -1 : static_cast<int>(found - children_.begin());
+  }
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name ? words_ : QString();
+  }
+  void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+  QRect rect() const override { return {}; }
+  QAccessible::Role role() const override { return role_; }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.invisible = role_ == QAccessible::StatusBar;
+    state.readOnly = true;
+    return state;
+  }
+
+ private:
+  QAccessible::Role role_;
+  QAccessibleInterface& parent_;
+  std::vector<SpokenText*> children_;
+  QString words_ = QStringLiteral("Messages");
+};
+
+/// A widget, as readers meet it.
+class AccessibleView final : public QAccessibleWidget {
+ public:
+  explicit AccessibleView(View& view) : QAccessibleWidget(&view), view_(view) {}
+
+  /// Tells of what has changed since the last time; a view that is new has changed nothing.
+  void refresh() {
+    if (!screen()) return;
+    Told now{nameOf(view_.widget()), state()};
+    const std::optional<Told> before = std::exchange(told_, now);
+    if (!before) return;
+    if (before->name != now.name) send(QAccessibleEvent(&view_, QAccessible::NameChanged));
+    QAccessible::State changed;
+    changed.checked = before->state.checked != now.state.checked;
+    if (changed.checked) send(QAccessibleStateChangeEvent(&view_, changed));
+    changed = {};
+    changed.disabled = before->state.disabled != now.state.disabled;
+    if (changed.disabled) send(QAccessibleStateChangeEvent(&view_, changed));
+    if (now.state.focused && !before->state.focused) send(QAccessibleEvent(&view_, QAccessible::Focus));
+  }
+
+  QAccessible::Role role() const override { return screen() ? roleOf(view_.widget()) : QAccessible::NoRole; }
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Name && screen() ? nameOf(view_.widget()) : QString();
+  }
+  QAccessible::State state() const override {
+    QAccessible::State state;
+    state.invisible = !view_.isVisible();
+    if (!screen()) return state;
+    const Widget& widget = view_.widget();
+    state.disabled = !widget.enabled;
+    state.focusable = widget.tabStop != 0;
+    state.focused = screen()->focus() == &widget && view_.isActiveWindow();
+    state.checkable = widget.role == Role::CheckBox;
+    state.checked = widget.checked;
+    return state;
+  }
+
+  int childCount() const override { return 0; }
+  QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+
+  QStringList actionNames() const override {
+    QStringList names;
+    if (!screen()) return names;
+    const Widget& widget = view_.widget();
+    if (!widget.visible || !widget.enabled || widget.tabStop == 0) return names;
+    names << (widget.role == Role::CheckBox ? toggleAction() : pressAction()) << setFocusAction();
+    return names;
+  }
+  void doAction(const QString& action) override {
+    if (!actionNames().contains(action)) return;
+    Widget& widget = *std::find(screen()->widgets().begin(), screen()->widgets().end(), &view_.widget())[0];
+    QtDesktop& desktop = screenWindow().desktop();
+    if (action != setFocusAction() && desktop.click(desktop.now(), widget)) return;
+    desktop.handle(desktop.now(), [&] { screen()->setFocus(widget); });
+    // A piece is not clicked but picked up and put down.
+    if (action != setFocusAction()) desktop.pressKey(desktop.now(), *screen(), Key::Space);
+  }
+
+ private:
+  struct Told {
+    QString name;
+    QAccessible::State state;
+  };
+
+  template <typename Event>
+  static void send(Event event) {
+    QAccessible::updateAccessibility(&event);
+  }
+
+  ScreenWindow& screenWindow() const { return static_cast<ScreenWindow&>(*view_.parentWidget()); }
+  Screen* screen() const { return screenWindow().screen(); }  // Null once the widget has gone with it.
+
+  View& view_;
+  std::optional<Told> told_;
+};
+
+/// The window of a screen: its widgets in the order they are read in, whatever lies in front of what, and
+/// last what the game says.
+class AccessibleWindow final : public QAccessibleWidget {
+ public:
+  explicit AccessibleWindow(ScreenWindow& window)
+      : QAccessibleWidget(&window, QAccessible::Window), window_(window) {
+    for (SpokenText* line : lines_) speech_->add(*line);
+  }
+  ~AccessibleWindow() override {
+    for (SpokenText* text : {lines_[0], lines_[1], speech_}) {
+      QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(text));
+    }
+  }
+
+  /// Readers miss what an object says that has just spoken, so two take turns.
+  void speak(const QString& words) {
+    std::swap(lines_[0], lines_[1]);
+    lines_[0]->show(words);
+  }
+
+  QString text(QAccessible::Text kind) const override {
+    const Screen* screen = window_.screen();
+    if (kind != QAccessible::Name || !screen) return {};
+    return QString::fromStdString(screen->spokenName.empty() ? screen->caption : screen->spokenName)
+        .simplified();
+  }
+  int childCount() const override { return static_cast<int>(children().size()); }
+  QAccessibleInterface* child(int index) const override {
+    const auto all = children();
+    return index >= 0 && index < static_cast<int>(all.size()) ? all[static_cast<std::size_t>(index)]
+                                                              : nullptr;
+  }
+  int indexOfChild(const QAccessibleInterface* child) const override {
+    const auto all = children();
+    const auto found = std::find(all.begin(), all.end(), child);
+    return found == all.end() ? -1 : static_cast<int>(found - all.begin());
+  }
+  QAccessibleInterface* focusChild() const override {
+    const Screen* screen = window_.screen();
+    return screen && screen->focus() ? QAccessible::queryAccessibleInterface(window_.view(*screen->focus()))
+                                     : nullptr;
+  }
+
+ private:
+  std::vector<QAccessibleInterface*> children() const {
+    std::vector<QAccessibleInterface*> all;
+    if (!window_.screen()) return all;
+    for (const Widget* widget : window_.screen()->widgets()) {
+      if (isTold(*widget)) all.push_back(QAccessible::queryAccessibleInterface(window_.view(*widget)));
+    }
+    all.push_back(speech_);
+    return all;
+  }
+
+  ScreenWindow& window_;
+  SpokenText* speech_ = new SpokenText(QAccessible::StatusBar, *this);
+  std::array<SpokenText*, 2> lines_{new SpokenText(QAccessible::Notification, *speech_),
+                                    new SpokenText(QAccessible::Notification, *speech_)};
+};
+
+QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object) {
+  if (auto* view = dynamic_cast<View*>(object)) return new AccessibleView(*view);
+  if (auto* window = dynamic_cast<ScreenWindow*>(object)) return new AccessibleWindow(*window);
+  return nullptr;
+}
+
+}  // namespace
+
+Accessibility::Accessibility() {
+  QAccessible::installFactory(interfaceFor);
+  QAccessible::installActivationObserver(this);
+}
+
+Accessibility::~Accessibility() {
+  QAccessible::removeActivationObserver(this);
+  QAccessible::removeFactory(interfaceFor);
+}
+
+void Accessibility::letReadersComeLater() {
+  qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");  // Qt looks for a reader only when it starts.
+}
+
+void Accessibility::refresh(ScreenWindow& window) {
+  window.installEventFilter(this);  // Once, however often.
+  if (!QAccessible::isActive()) return;
+  for (View* view : window.views()) {
+    if (auto* told = dynamic_cast<AccessibleView*>(QAccessible::queryAccessibleInterface(view))) {
+      told->refresh();
+    }
+  }
+}
+
+void Accessibility::announce(ScreenWindow& window, const std::string& words) {
+  speaker_ = &window;
+  words_ = QString::fromStdString(words);
+  if (window.isActiveWindow()) speak();
+}
+
+bool Accessibility::eventFilter(QObject* object, QEvent* event) {
+  if (event->type() == QEvent::WindowActivate) {
+    // A reader falls silent to speak the window's name; what else there is to tell comes after that.
+    QMetaObject::invokeMethod(
+        object, [this, window = static_cast<ScreenWindow*>(object)] { tellOf(*window); },
+        Qt::QueuedConnection);
+  }
+  return false;
+}
+
+// The first window says its words before the way to the readers is open; Qt opens it when this has returned.
+void Accessibility::accessibilityActiveChanged(bool active) {
+  if (!active || !speaker_) return;
+  QMetaObject::invokeMethod(
+      speaker_, [this, window = speaker_.data()] { tellOf(*window); }, Qt::QueuedConnection);
+}
+
+void Accessibility::tellOf(ScreenWindow& window) {
+  if (!window.isActiveWindow()) return;
+  refresh(window);
+  if (speaker_ == &window && !words_.isEmpty()) speak();
+}
+
+void Accessibility::speak() {
+  if (!QAccessible::isActive()) return;
+  const QString words = std::exchange(words_, QString());
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  QAccessibleAnnouncementEvent said(speaker_, words);
+  QAccessible::updateAccessibility(&said);
+#else
+  if (auto* window = dynamic_cast<AccessibleWindow*>(QAccessible::queryAccessibleInterface(speaker_))) {
+    window->speak(words);
+  }
+#endif
+}
+
+}  // namespace platform::qt
