@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fontconfig/fontconfig.h>
@@ -31,6 +32,8 @@ void setIcon() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Where the player may write no more, a write fails like any other; the sound library's too.
+  std::signal(SIGXFSZ, SIG_IGN);
   // The game places and stacks its own windows, which only X11 lets it do; Wayland is better than nothing.
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
     qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
