@@ -18,6 +18,8 @@ constexpr Key keys[] = {Key::Tab,    Key::BackTab, Key::Left,      Key::Right,  
 
 constexpr int waits[] = {1, 5, 20, 249, 250, 251, 399, 1000, 2100, 2100, 2100, 4000, 4000, 60000, 3600000};
 
+constexpr const char* buttons[] = {"Label2(3)", "Label2(2)", "Label2(3)", "Label2(4)", "Label2(3)"};
+
 /// What of a board only play may change.
 struct Table {
   int seat = 0;
@@ -124,7 +126,8 @@ class Game : tests::SimulatedProgram {
     const auto before = table();
     const bool fresh = desktop.find("Startplay2");
     if (before && before->seat % 2 == 0 && !before->untouchable()) scriptThrow("65412");
-    const bool waited = player_.step(players, players % 2 == 0 ? Plays::ByKeys : Plays::ByMouse);
+    const bool restarts = left_ && desktop.click("Titlefrm", "Label6");
+    const bool waited = !restarts && player_.step(players, players % 2 == 0 ? Plays::ByKeys : Plays::ByMouse);
     desktop.chance().script.clear();
     const auto after = table();
     expectWhole(after);
@@ -168,11 +171,12 @@ class Game : tests::SimulatedProgram {
     const auto widgets = screen_->widgets();
     if (widgets.empty()) return "";
     const std::size_t number = bytes_.ConsumeIntegral<std::uint8_t>();
-    const bool onPiece = number < 128 && screen_->name() == board;
-    const platform::Widget& aimed = !onPiece          ? *widgets[number % widgets.size()]
-                                    : number % 3 == 0 ? icon(number / 3 % 5)
-                                    : number % 3 == 1 ? home(number / 3 % 5)
-                                                      : die(number / 3 % 5);
+    const bool onTheTable = number < 180 && screen_->name() == board;
+    const platform::Widget& aimed = !onTheTable       ? *widgets[number % widgets.size()]
+                                    : number % 4 == 0 ? icon(number / 4 % 5)
+                                    : number % 4 == 1 ? home(number / 4 % 5)
+                                    : number % 4 == 2 ? die(number / 4 % 5)
+                                                      : at(buttons[number / 4 % std::size(buttons)]);
     mouse_.x = aimed.left + aimed.width / 2;
     mouse_.y = aimed.top + aimed.height / 2 - 15 * static_cast<float>(bytes_.ConsumeIntegralInRange(0, 1));
     return aimed.name;
