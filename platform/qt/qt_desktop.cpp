@@ -31,6 +31,8 @@ QtDesktop::QtDesktop() {
 
 QtDesktop::~QtDesktop() {
   for (const auto& [screen, window] : windows_) delete window;
+  // Those that were dismissed last go now, while there is an application.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void QtDesktop::start(std::string_view screen) {
