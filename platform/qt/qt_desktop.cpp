@@ -6,7 +6,6 @@
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
-#include <ranges>
 
 #include "platform/files.h"
 #include "platform/qt/x11.h"
@@ -32,6 +31,8 @@ QtDesktop::QtDesktop() {
 
 QtDesktop::~QtDesktop() {
   for (const auto& [screen, window] : windows_) delete window;
+  // Those that were dismissed last go now, while there is an application.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void QtDesktop::start(std::string_view screen) {
@@ -166,8 +167,10 @@ void QtDesktop::refresh() {
 }
 
 void QtDesktop::announce(const std::string& words) {
-  for (const auto& screen : openScreens() | std::views::reverse) {
-    const auto found = windows_.find(screen.get());
+  // The foremost window says it; the backdrop is none of a player's.
+  const auto open = openScreens();
+  for (auto screen = open.rbegin(); screen != open.rend(); ++screen) {
+    const auto found = windows_.find(screen->get());
     if (found == windows_.end()) continue;
     accessibility_.announce(*found->second, words);
     return;

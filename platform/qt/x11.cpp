@@ -77,6 +77,19 @@ bool onX11() {
   return connection() != nullptr;
 }
 
+bool standsInFrontOfFullScreen() {
+  const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> x(xcb_connect(nullptr, nullptr),
+                                                                       xcb_disconnect);
+  if (xcb_connection_has_error(x.get())) return true;
+  const auto [check, name] =
+      atoms(x.get(), std::array<std::string_view, 2>{"_NET_SUPPORTING_WM_CHECK", "_NET_WM_NAME"});
+  const auto manager = read(x.get(), root(x.get()), check);
+  if (!manager || numbers(*manager).empty()) return true;
+  const auto called = read(x.get(), numbers(*manager).front(), name);
+  return !called || std::string_view(static_cast<const char*>(xcb_get_property_value(called.get())),
+                                     called->value_len) != "Weston WM";
+}
+
 std::optional<QMargins> futureFrame(QWindow& window) {
   xcb_connection_t* x = connection();
   if (!x) return std::nullopt;
@@ -141,6 +154,10 @@ namespace platform::qt {
 
 bool onX11() {
   return false;
+}
+
+bool standsInFrontOfFullScreen() {
+  return true;
 }
 
 std::optional<QMargins> futureFrame(QWindow& /*window*/) {

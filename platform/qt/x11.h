@@ -10,6 +10,10 @@ namespace platform::qt {
 
 bool onX11();
 
+/// Whether the X server that the environment names lets a window stand in front of one that fills the
+/// display: Weston's does not. Needs no application; true where there is no such server.
+bool standsInFrontOfFullScreen();
+
 /// The frame that the window manager is going to put around `window`, which is created and not yet on the
 /// display; it waits a moment for the answer. Nothing where no window manager answers.
 std::optional<QMargins> futureFrame(QWindow& window);

@@ -5,7 +5,6 @@ import re
 import subprocess
 import sys
 import tempfile
-import time
 from os import environ
 from pathlib import Path
 

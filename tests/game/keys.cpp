@@ -82,6 +82,15 @@ TEST(Keys, SetDiceAsideAndSayWhatTheyDo) {
   EXPECT_EQ(said(game),
             "Turn over. | Turn over. | In the row: 1, 1. SHIP 6. CREW 6. CARGO 2. | "
             "Magenta to play. ROUND 1 OF 4.");
+  game.scriptThrow("11111"), game.click("Label2(3)");
+  game.desktop.advance(300);
+  EXPECT_EQ(game.die(0).spokenName + "; " + game.die(1).spokenName, "1, die 1, in the row; die 2, rolling");
+  // What the seat before had set aside is forgotten, and a die in the hand is thrown with the others.
+  game.desktop.advance(1700), said(game), press(game, "->_");
+  game.scriptThrow("11111"), press(game, "T");
+  game.desktop.advance(2000), press(game, "v_");
+  EXPECT_EQ(said(game),
+            "No die is set aside. | 1 picked up. | Throw 2: 1, 1, 1, 1, 1. | Pick up a die first.");
 }
 
 TEST(Keys, FindTheirWayOverTheBoard) {

@@ -114,6 +114,11 @@ TEST(Game, NamesTheWinnerOrADraw) {
       endWith(game, totals);
       EXPECT_EQ(game.view(),
                 (draw ? "IT'S A DRAW" : name + " HAS WON!") + ", END OF GAME, ----- hhhhh, hint, " + totals);
+      EXPECT_TRUE(game.desktop.said.back().starts_with(
+          "End of game. " + (draw ? "IT'S A DRAW." : name + " HAS WON!") + " Orange "));
+      game.desktop.pressKey(game.board, platform::Key::W);
+      EXPECT_EQ(game.desktop.said.back(),
+                draw ? "IT'S A DRAW. END OF GAME." : name + " HAS WON! END OF GAME.");
       EXPECT_TRUE(wears(game, colour) && game.at("Label2(3)").background == colour);
       EXPECT_EQ(game.heard(), draw ? "klaxon" : "");
       for (int tick = 0; tick < ticks; ++tick) {

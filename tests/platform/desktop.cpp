@@ -121,6 +121,7 @@ struct Panel final : platform::Screen {
     const bool onwards = key == platform::Key::Right, back = key == platform::Key::Left;
     const bool own = key == platform::Key{'X'} || (focus() == &parts["d"] && key == platform::Key::Space);
     if (onwards || back) moveFocusAlong(20, onwards ? 1 : -1);
+    if (key == platform::Key{'X'}) parts[parts["f"].visible ? "f" : "d"].visible = false;
     if (own) note(std::string("key") + static_cast<char>(key));
     return onwards || back || own;
   }
@@ -152,6 +153,7 @@ static std::string heardOf(const std::string& events) {
     Panel& panel = static_cast<Panel&>(*desktop.openScreens().back());
     const auto *sunk = panel.sunk(), *chosen = panel.focus();
     const int refreshes = desktop.refreshes;
+    const std::size_t before = diary.size();
     if (keys.contains(word)) {
       desktop.pressKey(panel.name(), keys.at(word));
     } else if (word[0] == 'w') {
@@ -174,6 +176,8 @@ static std::string heardOf(const std::string& events) {
       if (word[0] == 'r') desktop.releaseMouse(desktop.now(), panel, mouse, button);
       if (word[0] == 'm' || word[0] == 'l') desktop.moveMouse(desktop.now(), panel, mouse);
     }
+    if (diary.size() > before && !diary.ends_with("ground ") && desktop.refreshes == refreshes)
+      diary += "unseen ";
     for (const std::string& told : std::exchange(desktop.said, {})) diary += told + " ";
     if (panel.sunk() != sunk && desktop.refreshes > refreshes)
       diary += "[" + (panel.sunk() ? panel.sunk()->name : "") + "] ";
@@ -210,7 +214,8 @@ TEST(Keyboard, ChoosesAndClicks) {
       back+right+right+left+left <d>+<f>+<d>               right+left+right <d>+<f>
       back+right+tab+back+back+tab <d>+<f>+<a>+<f>+<n>+<f> back+right+tab+right <d>+<f>+<a>+<f>
       tab+space+return <a>+a+a                             tab+tab+space+space+tab <a>+<c>+c+<o>
-      back+space+X+right+space <d>+key++keyX+<f>           space+X keyX
+      back+space+X+right+space+X <d>+key++keyX+key++keyX   space+X keyX
+      back+right+X+tab+back <d>+<f>+keyX+<a>+<d>           X+X+right+back keyX+keyX+<n>
       back+back+back+space+space <d>+<n>+<o>+o!+o          C+C+tab+tab c+<a>+<o>
       tab+C+space <a>+c+a                                  return+tab+return Off+we+go.+<a>+(a)
       tab+return <a>+a                                     back+back+space <d>+<n>+Off+we+go.)")) {

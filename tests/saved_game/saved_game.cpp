@@ -183,7 +183,7 @@ TEST(SavedGame, IsLostOnlyByTheCallThatFails) {
 TEST(SavedGame, MayBeMoreThanThePlayerMayWrite) {
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
-  for (const rlim_t most : {0, 5}) {
+  for (const rlim_t most : {0U, 5U}) {
     Program program;
     program.restart(program.lines("3,1,2,0,14,9,7,0,1,0,"));
     const rlimit limit{most, before.rlim_max};
