@@ -1,11 +1,15 @@
 #include <QApplication>
 #include <QIcon>
+#include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <fontconfig/fontconfig.h>
+#include <future>
 
 #include "app/register_screens.h"
 #include "platform/qt/accessibility.h"
 #include "platform/qt/qt_desktop.h"
+#include "platform/qt/x11.h"
 #include "screens/shell/screen_names.h"
 
 namespace {
@@ -19,25 +23,39 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::quick_exit(EXIT_FAILURE);
 }
 
+// The game places and stacks its own windows, which only X11 lets it do, if anything does; Wayland is better
+// than nothing.
+void choosePlatform() {
+  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY")) return;
+  if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
+    qputenv("QT_QPA_PLATFORM", "xcb");
+  } else {
+    qputenv("QT_QPA_PLATFORM", platform::qt::standsInFrontOfFullScreen() ? "xcb;wayland" : "wayland;xcb");
+  }
+}
+
+void setIcon() {
+  QIcon icon;
+  for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
+  QApplication::setWindowIcon(icon);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  // The game places and stacks its own windows, which only X11 lets it do; Wayland is better than nothing.
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ? "xcb" : "xcb;wayland");
-  }
+  choosePlatform();
   platform::qt::Accessibility::letReadersComeLater();
+  // What the fonts are called takes a while to read; the first text needs it.
+  const auto fonts = std::async(FcInit);
   const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
   QGuiApplication::setDesktopFileName(QStringLiteral("org.example.tolvane"));
-  QIcon icon;
-  for (const char* size : {"16", "32", "48", "64"}) icon.addFile(QStringLiteral(":/icon/%1.png").arg(size));
-  QApplication::setWindowIcon(icon);
   game::GameOptions options;
   game::GameState state;
   platform::qt::QtDesktop desktop;
   app::registerScreens(desktop, options, state);
   desktop.start(shell::titleScreen);
+  QTimer::singleShot(0, setIcon);  // The window comes first.
   return QApplication::exec();
 }

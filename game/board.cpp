@@ -47,6 +47,19 @@ void tolvane::layOutWidgets() {
   add(Label1, "Label1", centred({4440, 120, 7455, 1095}, arial(36), orange, seats[0].toPlay));
   add(Label6, "Label6", centred({4440, 1320, 7455, 735}, arial(24), orange, "ROUND 1 OF 4"));
   add(Label8, "Label8", hidden(centred({6480, 2520, 3375, 735}, arialBold(30), orange)));
+  add(Label2[throwButton], "Label2(3)", button({5280, 3480, 5805, 615}, arialBold(24), orange, "Throw Dice"));
+  const auto home = [](std::size_t i) { return Box{5280 + 1200 * static_cast<float>(i), 4320, 975, 975}; };
+  for (std::size_t i = 0; i < diceCount; ++i) {
+    Appearance marker = label(home(i), arial(12), platform::black);
+    marker.border = true;
+    marker.role = platform::Role::Decoration;
+    add(Label7[i], indexed("Label7", i), marker);
+  }
+  for (std::size_t i = 0; i < diceCount; ++i) {
+    add(Label4[i], indexed("Label4", i), tile(home(i), arial(39.75F), orange));
+    Label4[i].role = platform::Role::Piece;
+    Label4[i].tabStop = diceStop;
+  }
   add(Label10, "Label10",
       hidden(centred({5280, 5400, 5775, 375}, arial(15.75F), platform::white,
                      "Drag the dice onto the ship symbols.")));
@@ -54,6 +67,9 @@ void tolvane::layOutWidgets() {
   for (std::size_t i = 0; i < icons.size(); ++i) {
     const float down = 1200 * static_cast<float>(i);
     add(Image1[i], indexed("Image1", i), picture({2760, 1440 + down, 975, 975}));
+    Image1[i].role = platform::Role::Piece;
+    Image1[i].textColour = platform::white;  // Of the keyboard's mark.
+    Image1[i].tabStop = iconsStop;
     add(Label3[i], indexed("Label3", i),
         label({120, 1680 + down, 2175, 735}, arial(24), platform::white, icons[i].name, Alignment::Right));
     Label3[i].role = platform::Role::Decoration;  // The icon itself is called so.
@@ -66,29 +82,14 @@ void tolvane::layOutWidgets() {
     const Box box{totalsLeft[seats.size()][i], 6840, 1335, 675};
     add(Label5[i], indexed("Label5", i), tile(box, arial(27.75F), seats[i].colour, "0"));
   }
-  add(Label2[throwButton], "Label2(3)", button({5280, 3480, 5805, 615}, arialBold(24), orange, "Throw Dice"));
   add(Label2[newGameButton], "Label2(4)",
       button({120, 7920, 2085, 495}, tahomaBold(15.75F), yellow, "New Game"));
   add(Label2[exitButton], "Label2(2)", button({10560, 7920, 1245, 495}, tahomaBold(15.75F), yellow, "Exit"));
   add(Label2[footerCaption], "Label2(0)", centred({2280, 8160, 8175, 285}, arialBold(12), yellow, footer));
-  const auto home = [](std::size_t i) { return Box{5280 + 1200 * static_cast<float>(i), 4320, 975, 975}; };
-  for (std::size_t i = 0; i < diceCount; ++i) {
-    Appearance marker = label(home(i), arial(12), platform::black);
-    marker.border = true;
-    marker.role = platform::Role::Decoration;
-    add(Label7[i], indexed("Label7", i), marker);
-  }
-  for (std::size_t i = 0; i < diceCount; ++i) {
-    add(Label4[i], indexed("Label4", i), tile(home(i), arial(39.75F), orange));
-    Label4[i].role = platform::Role::Piece;
-    Label4[i].tabStop = diceStop;
-    Image1[i].role = platform::Role::Piece;
-    Image1[i].textColour = platform::white;  // Of the keyboard's mark.
-    Image1[i].tabStop = iconsStop;
-  }
   Label2[throwButton].tabStop = throwStop;
   Label2[newGameButton].tabStop = newGameStop;
   Label2[exitButton].tabStop = exitStop;
+  for (const platform::Widget& die : Label4) bringToFront(die);
   for (platform::Timer* timer : {&Timer1, &Timer2, &Timer5, &Timer8}) add(*timer);
 }
 

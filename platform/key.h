@@ -3,7 +3,8 @@
 
 namespace platform {
 
-/// A key by what it is called; any letter, in upper case, or digit that has no name here is itself: `Key{'4'}`.
+/// A key by what it is called; any letter, in upper case, or digit that has no name here is itself:
+/// `Key{'4'}`.
 enum class Key : char {
   BackTab = 1,  ///< Tab with Shift.
   Left,

@@ -27,7 +27,7 @@ def until(what, seconds=10, every=0.05):
 
 
 class Player:
-    def __init__(self, program, size="1280x1024x24", **environment):
+    def __init__(self, program, size="1280x1024x24", manager=("openbox",), **environment):
         self.program = Path(program).resolve()
         self.folder = Path(tempfile.mkdtemp(prefix="tolvane-"))
         for name in ("Images", "wav", "Tolvane Rules.doc"):
@@ -40,9 +40,13 @@ class Player:
         self.environment = {**os.environ, "DISPLAY": self.display, "HOME": str(self.folder),
                             "XDG_RUNTIME_DIR": str(self.folder), **environment}
         self.environment.pop("QT_QPA_PLATFORM", None)
-        self.manager = subprocess.Popen(["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
+        self.manager = subprocess.Popen(manager, env=self.environment, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)
-        until(lambda: "window id" in self.tell("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"))
+        until(self.is_managed)
+
+    def is_managed(self):
+        """Whether the window manager has begun its work."""
+        return "window id" in self.tell("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
 
     def __enter__(self):
         return self

@@ -14,9 +14,9 @@ trap 'echo; exit 130' INT
 trap 'exit 143' TERM
 
 # Packages by use.
-program_packages=(g++ cmake ninja-build qt6-base-dev libpulse-dev libsndfile1-dev)
+program_packages=(g++ cmake ninja-build qt6-base-dev libxcb1-dev libfontconfig-dev libpulse-dev libsndfile1-dev)
 player_packages=(fonts-liberation)
-package_packages=(debhelper dpkg-dev)
+package_packages=(build-essential debhelper)
 
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo -n)
@@ -24,6 +24,7 @@ as_root=()
 end_everything() {
   local started
   export -n TMPDIR
+  disown -a # No word of each that is killed.
   [ -z "$job" ] || kill -KILL -- "-$job" 2>/dev/null
   for _ in {1..50}; do
     mapfile -t started < <(grep -lzs "^TMPDIR=$TMPDIR" /proc/[0-9]*/environ | tr -dc '0-9\n')
@@ -106,13 +107,15 @@ need() {
     echo "Packages are missing and may not be installed from here; as root: apt-get install ${missing[*]}" >&2
     exit 1
   fi
-  run "Installing ${#missing[@]} packages and what they need" install_packages "${missing[@]}"
+  run "Installing ${#missing[@]} packages" install_packages "${missing[@]}"
 }
 
 install_packages() {
   local apt=(env DEBIAN_FRONTEND=noninteractive "TMPDIR=$TMPDIR" apt-get -qq -y -o APT::Status-Fd=1 -o Dpkg::Use-Pty=0)
-  "${as_root[@]}" dpkg --configure -a # In case an earlier run was interrupted.
+  # An earlier run may have been ended in the middle of an installation.
+  "${as_root[@]}" dpkg --configure -a || true
   "${as_root[@]}" "${apt[@]}" update
+  "${as_root[@]}" "${apt[@]}" --fix-broken install --no-install-recommends
   "${as_root[@]}" "${apt[@]}" install --no-install-recommends "$@"
 }
 

@@ -277,9 +277,11 @@ bool Accessibility::eventFilter(QObject* object, QEvent* event) {
   return false;
 }
 
-// The first window says its words before the way to the readers is open.
+// The first window says its words before the way to the readers is open; Qt opens it when this has returned.
 void Accessibility::accessibilityActiveChanged(bool active) {
-  if (active && speaker_) tellOf(*speaker_);
+  if (!active || !speaker_) return;
+  QMetaObject::invokeMethod(
+      speaker_, [this, window = speaker_.data()] { tellOf(*window); }, Qt::QueuedConnection);
 }
 
 void Accessibility::tellOf(ScreenWindow& window) {

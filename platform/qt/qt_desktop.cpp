@@ -6,7 +6,6 @@
 #include <QScreen>
 #include <QUrl>
 #include <algorithm>
-#include <ranges>
 
 #include "platform/files.h"
 #include "platform/qt/x11.h"
@@ -32,6 +31,8 @@ QtDesktop::QtDesktop() {
 
 QtDesktop::~QtDesktop() {
   for (const auto& [screen, window] : windows_) delete window;
+  // Those that were dismissed last go now, while there is an application.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void QtDesktop::start(std::string_view screen) {
@@ -102,13 +103,16 @@ void QtDesktop::dismiss(Screen& screen) {
 
 void QtDesktop::showBackdrop(Screen& screen) {
   backdrop_->cover(screen);
-  // What was open before belongs in front of it as well, in its order.
-  for (const auto& open : openScreens()) {
-    const auto found = windows_.find(open.get());
-    if (found == windows_.end()) continue;
-    found->second->belongTo(backdrop_.get());
-    found->second->raise();
+  for (ScreenWindow* window : seenWindows()) {  // In front of it belongs what was open before.
+    window->belongTo(backdrop_.get());
+    window->raise();
   }
+}
+
+void QtDesktop::bringGameForward() {
+  const auto windows = seenWindows();
+  for (ScreenWindow* window : windows) window->raise();
+  if (!windows.empty()) windows.back()->activateWindow();
 }
 
 void QtDesktop::hideBackdrop() {
@@ -118,22 +122,27 @@ void QtDesktop::hideBackdrop() {
   backdrop_->uncover();
 }
 
-void QtDesktop::followMinimising() {
-  Screen* covering = nullptr;
-  ScreenWindow* seen = nullptr;  // The foremost.
+void QtDesktop::followMinimising(const ScreenWindow& changed) {
+  if (!backdrop_ || !backdrop_->isVisible()) return;
+  const bool seen = !seenWindows().empty();
+  if (&changed != backdrop_.get()) {
+    if (seen == backdrop_->isMinimized()) setMinimised(*backdrop_->windowHandle(), !seen);
+  } else if (!seen && !backdrop_->isMinimized()) {
+    for (const auto& [screen, window] : windows_) setMinimised(*window->windowHandle(), false);
+  } else {
+    return;
+  }
+  if (seen) bringGameForward();
+}
+
+std::vector<ScreenWindow*> QtDesktop::seenWindows() const {
+  std::vector<ScreenWindow*> seen;
   for (const auto& open : openScreens()) {
-    if (open->frame == Frame::Backdrop) covering = open.get();
     const auto found = windows_.find(open.get());
     if (found != windows_.end() && found->second->isVisible() && !found->second->isMinimized())
-      seen = found->second;
+      seen.push_back(found->second);
   }
-  if (!covering || (seen != nullptr) == backdrop_->isVisible()) return;
-  if (seen) {
-    showBackdrop(*covering);
-    seen->activateWindow();
-  } else {
-    hideBackdrop();
-  }
+  return seen;
 }
 
 // Window managers keep a window in front of the backdrop it belongs to; which of the others is in front, the
@@ -143,10 +152,8 @@ ScreenWindow* QtDesktop::ownerOf(const Screen& screen) const {
   ScreenWindow* const behind = backdrop_ && backdrop_->isVisible() ? backdrop_.get() : nullptr;
   if (onX11()) return behind;
   ScreenWindow* owner = behind;
-  for (const auto& open : openScreens()) {
-    const auto found = windows_.find(open.get());
-    if (open.get() == &screen || found == windows_.end()) continue;
-    if (!behind || found->second->owner()) owner = found->second;
+  for (ScreenWindow* window : seenWindows()) {
+    if (window != windows_.at(&screen) && (!behind || window->owner())) owner = window;
   }
   return owner;
 }
@@ -160,8 +167,10 @@ void QtDesktop::refresh() {
 }
 
 void QtDesktop::announce(const std::string& words) {
-  for (const auto& screen : openScreens() | std::views::reverse) {
-    const auto found = windows_.find(screen.get());
+  // The foremost window says it; the backdrop is none of a player's.
+  const auto open = openScreens();
+  for (auto screen = open.rbegin(); screen != open.rend(); ++screen) {
+    const auto found = windows_.find(screen->get());
     if (found == windows_.end()) continue;
     accessibility_.announce(*found->second, words);
     return;

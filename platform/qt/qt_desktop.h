@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "platform/desktop.h"
 #include "platform/qt/accessibility.h"
@@ -44,9 +45,12 @@ class QtDesktop final : public Desktop {
   std::optional<QMargins> titleBar() const { return titleBar_; }
   void learnTitleBar(const QMargins& frame) { titleBar_ = frame; }
 
-  /// A window was minimised or brought back: the backdrop goes with the last of them, and comes back with the
-  /// first.
-  void followMinimising();
+  /// Puts all windows in front of the backdrop again, in their order; the foremost has the keyboard.
+  void bringGameForward();
+
+  /// `changed` was minimised or brought back: the backdrop goes with the last of the others and comes back
+  /// with the first, and brings them back.
+  void followMinimising(const ScreenWindow& changed);
 
  private:
   void present(Screen& screen) override;
@@ -57,6 +61,8 @@ class QtDesktop final : public Desktop {
   void armTicker();
   void showBackdrop(Screen& screen);
   void hideBackdrop();
+  std::vector<ScreenWindow*> seenWindows()
+      const;  // All but the backdrop and those minimised, in their order.
   ScreenWindow* ownerOf(const Screen& screen) const;  // Null where there is none.
 
   QElapsedTimer clock_;

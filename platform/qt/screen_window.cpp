@@ -100,9 +100,15 @@ ScreenWindow::ScreenWindow(QtDesktop& desktop, Screen& screen)
 }
 
 void ScreenWindow::refresh() {
+  // The mark is on what is seen of the chosen widget's place: the die on an icon, not the icon beneath.
+  const Widget* marked = screen_->focus();
+  for (const Widget* above : screen_->drawingOrder()) {
+    const bool covers = marked && above->visible && above->left == marked->left && above->top == marked->top;
+    if (covers) marked = above;
+  }
   for (View* view : views_) {
     const Widget* widget = &view->widget();
-    view->refresh({.focused = widget == screen_->focus(), .down = widget == screen_->sunk()});
+    view->refresh({.focused = widget == marked, .down = widget == screen_->sunk()});
   }
   raiseInDrawingOrder();
 }
@@ -222,8 +228,12 @@ bool ScreenWindow::event(QEvent* event) {
     case QEvent::WindowActivate:
       heedFrame();
       break;
+    case QEvent::MouseButtonPress:
+      // Not every window manager keeps the game in front of a backdrop that came later.
+      if (screen_ && screen_->frame == Frame::Backdrop) desktop_.bringGameForward();
+      break;
     case QEvent::WindowStateChange:
-      if (screen_ && screen_->frame != Frame::Backdrop) desktop_.followMinimising();
+      if (screen_) desktop_.followMinimising(*this);
       break;
     default:
       break;

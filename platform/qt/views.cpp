@@ -165,10 +165,10 @@ void View::paintEvent(QPaintEvent* /*event*/) {
   if (look.border) {
     paintFrame(painter, whole, scaled(look.borderWidth / twipsPerPixel), colour(look.borderColour));
   }
-  if (state_.focused) {
-    // A piece in the keyboard's hand has an unbroken mark.
-    const int line = scaled(3);
-    const qreal middle = 1.5 * line;
+  if (state_.focused || look.pickedUp) {
+    // A piece in the keyboard's hand has an unbroken mark; a button's leaves room for its text.
+    const int line = scaled(look.role == Role::Piece ? 3 : 1);
+    const qreal middle = scaled(look.role == Role::Piece ? 3 : 2) + line / 2.0;
     painter.setPen(QPen(ink, line, look.pickedUp ? Qt::SolidLine : Qt::DashLine, Qt::FlatCap, Qt::MiterJoin));
     painter.drawRect(QRectF(whole).adjusted(middle, middle, -middle, -middle));
   }

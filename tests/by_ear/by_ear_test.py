@@ -5,7 +5,6 @@ import re
 import subprocess
 import sys
 import tempfile
-import time
 from os import environ
 from pathlib import Path
 
@@ -32,7 +31,8 @@ class Listener(Player):
         self.game = subprocess.Popen([self.program], cwd=self.folder, env=self.environment)
 
     def listen(self):
-        for kind in ("state-changed:showing", "state-changed:focused", "property-change:accessible-name", "announcement"):
+        for kind in ("state-changed:showing", "state-changed:focused", "property-change:accessible-name",
+                     "announcement"):
             self.reader.register(f"object:{kind}")
 
     def hear(self, event):

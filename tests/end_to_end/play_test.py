@@ -4,6 +4,7 @@
 import sys
 import time
 from pathlib import Path
+from urllib.parse import unquote
 
 sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
 from player import BOARD, MAGENTA, ORANGE, Player, until
@@ -132,7 +133,7 @@ def rules(player):
     opened = player.folder / "opened"
     until(lambda: opened.exists() and len(opened.read_text().splitlines()) == 2)
     address, document = opened.read_text().splitlines()
-    assert address == "https://tolvane.example/" and document.endswith("/Tolvane Rules.doc"), (address, document)
+    assert address == "https://tolvane.example/" and unquote(document).endswith("/Tolvane Rules.doc"), (address, document)
 
 
 def record_what_is_opened(folder):

@@ -66,7 +66,7 @@ def without_a_complaint(deb, tree):
     silent("desktop-file-validate", tree / f"usr/share/applications/{NAME}.desktop")
     metainfo = tree / f"usr/share/metainfo/{NAME}.metainfo.xml"
     assert "successful" in (said := say("appstreamcli", "validate", "--pedantic", "--no-net", metainfo)), said
-    assert ":" not in said, said
+    assert not re.search("^[EWP]:", said, re.MULTILINE), said  # What it only notes differs from release to release.
     page = say("zcat", tree / "usr/share/man/man6/tolvane.6.gz")
     silent("sh", "-c", "groff -man -ww -z -Kutf8", input=page)
     assert f"Tolvane {VERSION}" in page

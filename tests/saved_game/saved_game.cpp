@@ -1,7 +1,10 @@
 // A game that is left with Exit and taken up again from the title screen, through the file "lastgame.inf".
+#include <cerrno>
+#include <fcntl.h>
 #include <fstream>
 #include <map>
 #include <random>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -10,6 +13,35 @@
 namespace {
 
 constexpr const char* fileName = "lastgame.inf";
+
+struct Fault {
+  int callsLeft = -1;  // Before the one that fails; less than 0: none does.
+  int error = 0;
+  bool armed = false;
+};
+
+Fault& fault() {
+  static Fault one;
+  return one;
+}
+
+/// Has a call to the system fail with this error, the one after so many others; -1: none. Whether the call
+/// that was asked for last has failed.
+bool failCall(int call, int error) {
+  const Fault before = std::exchange(fault(), {call, error, call >= 0});
+  return before.armed && before.callsLeft < 0;
+}
+
+bool fails() {
+  const bool failing = fault().armed && fault().callsLeft-- == 0;
+  if (failing) errno = fault().error;
+  return failing;
+}
+
+// While calls are to fail, reads and writes come in small pieces, so that there are many of them.
+std::size_t piece(std::size_t size) {
+  return fault().armed ? std::min<std::size_t>(size, 7) : size;
+}
 
 /// In a folder of its own. A test that hangs is ended.
 struct Program : tests::EmptyFolder, tests::SimulatedProgram {
@@ -66,18 +98,13 @@ TEST(SavedGame, HoldsTheGameThatWasLeft) {
 
 TEST(SavedGame, IsTakenUpOnlyWhenItCanBePlayed) {
   const std::map<std::string, const char*> games{
-      {"tolvane", R"(3,2,4,0,48,0,7,0,1,0, 2,1,2,0,14,9,7,0,1,0 4,1,1,0,14,9,7,0,1,0 3,1,2,0,14,9,7,0,32767,0
-          3,1,2,0,14,9,7,0,-32768,0 3,1,2,0,14,+9+,7,0,1,0 3,1,2,0,14,9,7,0,1,2 3,1,2,0,14,9,7,0,1,yes
-          3,1,2,0,14,9,7,0,1,99999999999)"},
+      {"tolvane", R"(3,2,4,0,48,0,7,0,1,0, 2,1,2,0,14,9,7,0,1,0 4,1,1,0,14,9,7,0,1,0 3,1,2,0,14,+9+,7,0,1,0
+          3,1,2,0,14,9,7,0,1,2 3,1,2,0,14,9,7,0,1,yes 3,1,2,0,14,9,7,0,1,99999999999)"},
       {"Grey tolvane", "3,2,4,0,48,0,7,0,1,1 3,2,4,0,48,0,7,0,0,1,8,,more, 3,2,4,0,48,0,7,0,1,+1+,"},
-      {"tolvanecomputer", "3,1,2,1,14,9,7,0,1,0 3,0,2,-9,14,9,7,0,1,0"},
+      {"tolvanecomputer", "3,1,2,1,14,9,7,0,1,0"},
       {"Grey tolvanecomputer", "4,1,2,1,14,9,7,0,1,1"},
-      {"Titlefrm", R"(- 3,2,4, 3,2,4,0,48,0,7,0,1 3,2,4,0,48,0,7,0,1, 2,2,1,1,0,0,0,0,1,0 3,2,1,1,0,0,0,0,1,0
-          1,0,2,0,14,9,7,0,1,0 5,1,2,0,14,9,7,0,1,0 0,1,2,0,14,9,7,0,1,0 -3,1,2,0,14,9,7,0,1,0
-          3,-1,2,0,14,9,7,0,1,0 3,3,2,0,14,9,7,0,1,0 3,1,0,0,14,9,7,0,1,0 3,1,5,0,14,9,7,0,1,0
-          3,1,2,0,49,9,7,0,1,0 3,1,2,0,14,-1,7,0,1,0 3,1,2,0,14,9,49,0,1,0 3,1,2,0,14,9,7,49,1,0
-          3,1,2,0,14,9,7,-1,1,0 3,1,2,0,14,9,7,0,32768,0 3,1,2,0,14,9,7,0,-32769,0 3,1,2,0,14,9,7,0,65537,0
-          3,1,2,0,14,9,7,0,4294967297,0 3,1,2,65536,14,9,7,0,1,0 3,1,2,0,14,9+9,7,0,1,0 3,1,2,0,14,,7,0,1,0
+      {"Titlefrm", R"(- 3,2,4, 3,2,1,1,0,0,0,0,1,0 3,1,2,0,14,9,7,0,65537,0 3,1,2,0,14,9,7,0,4294967297,0
+          3,1,2,65536,14,9,7,0,1,0 3,1,2,0,14,9+9,7,0,1,0 3,1,2,0,14,,7,0,1,0
           3,1,2,0,14,x,7,0,1,0 3,1,2,0,14,9x,7,0,1,0 3,1,2,0,14,9.5,7,0,1,0 3,1,2,0x0,14,9,7,0,1,0
           3;1;2;0;14;9;7;0;1;0)"}};
   for (const auto& [open, texts] : games) {
@@ -90,6 +117,82 @@ TEST(SavedGame, IsTakenUpOnlyWhenItCanBePlayed) {
       program.openBoard(4);  // Whatever was read is forgotten.
       EXPECT_EQ(program.leave(), program.lines("4,0,1,0,0,0,0,0,1,1,")) << text;
     }
+  }
+}
+
+TEST(SavedGame, IsTakenUpWithEachValueWithinItsLimits) {
+  for (const auto& [place, least, most] : tests::rows<3>(R"(
+      0 2 4   1 0 2   2 1 4   3 -32768 32767   4 0 48   5 0 48   6 0 48   7 0 48   8 -32768 32767)")) {
+    const int limits[] = {std::stoi(least) - 1, std::stoi(least), std::stoi(most), std::stoi(most) + 1};
+    for (const int value : limits) {
+      std::array<int, 10> values{3, 1, 2, 0, 14, 9, 7, 0, 1, 0};
+      values.at(std::stoul(place)) = value;
+      std::string text;
+      for (const int each : values) text += std::to_string(each) + ",";
+      Program program;
+      const bool good = value == limits[1] || value == limits[2];
+      const char* board = values[3] == 0 ? "tolvane" : "tolvanecomputer";
+      EXPECT_EQ(program.restart(program.lines(text)), good ? board : "Titlefrm") << text;
+    }
+  }
+}
+
+TEST(SavedGame, IsTakenUpOnlyWhole) {
+  const std::string whole = Program::lines("3,2,4,0,48,10,7,0,1,1,");
+  for (std::size_t length = 1; length <= whole.size(); ++length) {
+    Program program;
+    const bool good = length >= whole.size() - 2;  // The last line may lack its end.
+    EXPECT_EQ(program.restart(whole.substr(0, length)), good ? "Grey tolvane" : "Titlefrm") << length;
+  }
+}
+
+TEST(SavedGame, IsLostOnlyByTheCallThatFails) {
+  const std::string whole = Program::lines("3,1,2,0,14,9,7,0,1,0,");
+  const std::string next = Program::lines("3,0,1,0,0,0,0,0,1,1,");
+  for (const bool whileSaving : {true, false}) {
+    for (const int error : {EIO, ENOSPC, EINTR}) {
+      bool failed = true;
+      for (int call = 0; failed; ++call) {
+        SCOPED_TRACE(testing::Message() << (whileSaving ? "save" : "restore") << " " << error << " " << call);
+        Program program;
+        ASSERT_LT(call, 100);
+        EXPECT_EQ(program.restart(whole), "tolvane");
+        if (!whileSaving) program.leave();
+        failCall(call, error);
+        const std::string kept = whileSaving ? program.leave() : program.restart("");
+        failed = failCall(-1, 0);
+        if (!failed) {
+          EXPECT_GT(call, 4);
+          EXPECT_EQ(kept, whileSaving ? whole : "tolvane");
+        }
+        // A save that failed leaves the beginning of the game; a restore that failed leaves the whole game.
+        if (whileSaving) {
+          EXPECT_TRUE(whole.starts_with(kept));
+          EXPECT_EQ(program.restart(""), kept == whole ? "tolvane" : "Titlefrm");
+        } else if (kept == "Titlefrm") {
+          EXPECT_EQ(program.restart(""), "tolvane");
+        }
+        const bool opened = program.desktop.find("tolvane");
+        if (!opened) program.openBoard(3);
+        EXPECT_EQ(program.leave(), opened ? whole : next) << "the next save works";
+      }
+    }
+  }
+}
+
+TEST(SavedGame, MayBeMoreThanThePlayerMayWrite) {
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  for (const rlim_t most : {0U, 5U}) {
+    Program program;
+    program.restart(program.lines("3,1,2,0,14,9,7,0,1,0,"));
+    const rlimit limit{most, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    const std::string kept = program.leave();
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(kept.size(), most);
+    program.openBoard(2);
+    EXPECT_EQ(program.leave(), program.lines("2,0,1,0,0,0,0,0,1,1,"));
   }
 }
 
@@ -145,3 +248,35 @@ TEST(SavedGame, IsResumedAtAnySeatInAnyRound) {
 }
 
 }  // namespace
+
+// Where the linker leads the calls to the system that are made in this program.
+// NOLINTBEGIN(bugprone-reserved-identifier)
+extern "C" {
+int __real_open(const char* path, int flags, mode_t mode);
+int __real_fstat(int file, struct stat* about);
+int __real_ftruncate(int file, off_t length);
+int __real_close(int file);
+ssize_t __real_read(int file, void* data, std::size_t size);
+ssize_t __real_write(int file, const void* data, std::size_t size);
+
+int __wrap_open(const char* path, int flags, mode_t mode) {
+  return fails() ? -1 : __real_open(path, flags, mode);
+}
+int __wrap_fstat(int file, struct stat* about) {
+  return fails() ? -1 : __real_fstat(file, about);
+}
+int __wrap_ftruncate(int file, off_t length) {
+  return fails() ? -1 : __real_ftruncate(file, length);
+}
+int __wrap_close(int file) {
+  const bool failing = fails();  // The file is closed all the same.
+  return __real_close(file) != 0 || failing ? -1 : 0;
+}
+ssize_t __wrap_read(int file, void* data, std::size_t size) {
+  return fails() ? -1 : __real_read(file, data, piece(size));
+}
+ssize_t __wrap_write(int file, const void* data, std::size_t size) {
+  return fails() ? -1 : __real_write(file, data, piece(size));
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)

@@ -6,8 +6,8 @@
 #include <pulse/pulseaudio.h>
 #include <utility>
 
-#include "platform/qt/sound_output.h"
 #include "platform/qt/sound/wave_sound.h"
+#include "platform/qt/sound_output.h"
 
 namespace platform::qt {
 

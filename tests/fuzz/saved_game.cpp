@@ -1,8 +1,8 @@
 // Whatever stands in the file, reading it ends well, and a game that is taken for playable can be played.
+#include "game/saved_game.h"
+
 #include <cstdint>
 #include <cstdlib>
-
-#include "game/saved_game.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   game::SavedGame read{};
