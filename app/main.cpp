@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QTimer>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fontconfig/fontconfig.h>
@@ -43,6 +44,8 @@ void setIcon() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  // Where the player may write no more, a write fails like any other; the sound library's too.
+  std::signal(SIGXFSZ, SIG_IGN);
   choosePlatform();
   platform::qt::Accessibility::letReadersComeLater();
   // What the fonts are called takes a while to read; the first text needs it.
