@@ -45,7 +45,9 @@ class PatientPlayer {
   /// A turn was over, and the next seat's has not begun.
   bool handingOver() { return counts(0); }
   bool rolling() { return counts(2) || counts(3); }
-  bool computerToPlay() { return program_.board == "tolvanecomputer" && program_.state.currentSeat == 1; }
+  bool computerToPlay() const {
+    return program_.board == "tolvanecomputer" && program_.state.currentSeat == 1;
+  }
 
  private:
   bool counts(std::size_t timer) { return desktop_.find(program_.board)->timers()[timer]->enabled(); }
@@ -93,9 +95,10 @@ class PatientPlayer {
       const platform::Widget& lying = program_.die(die);
       const platform::Widget& home = program_.home(die);
       for (int place = 0; place < 25 && !atHome(die); ++place) {
-        const float right = 240 * static_cast<float>(place % 5);
-        const float down = 240 * static_cast<float>(place / 5);
-        desktop_.drag(program_.board, {platform::leftButton, lying.left + right, lying.top + down},
+        const int row = place / 5;
+        desktop_.drag(program_.board,
+                      {platform::leftButton, lying.left + 240 * static_cast<float>(place % 5),
+                       lying.top + 240 * static_cast<float>(row)},
                       {platform::leftButton, home.left + 300, home.top + 300});
       }
     }

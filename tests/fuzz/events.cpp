@@ -16,9 +16,11 @@ constexpr Key keys[] = {Key::Tab,    Key::BackTab, Key::Left,      Key::Right,  
                         Key{'3'},    Key{'4'},     Key{'5'},       Key{'6'},    Key{'D'},
                         Key{'R'},    Key{'S'},     Key{'T'},       Key{'W'},    Key{'X'}};
 
-constexpr int waits[] = {1, 5, 20, 249, 250, 251, 399, 1000, 2100, 2100, 2100, 4000, 4000, 60000, 3600000};
+constexpr std::array waits{1, 5, 20, 249, 250, 251, 399, 1000, 2100, 2100, 2100, 4000, 4000, 60000, 3600000};
 
-constexpr const char* buttons[] = {"Label2(3)", "Label2(2)", "Label2(3)", "Label2(4)", "Label2(3)"};
+// What a player goes for: on a board, Throw Dice, New Game, Exit, a die and the five icons.
+constexpr std::array targets{"Label2(3)", "Label2(3)", "Label2(4)", "Label2(2)", "Label4(0)", "Label4(2)",
+                             "Image1(0)", "Image1(1)", "Image1(2)", "Image1(3)", "Image1(4)"};
 
 /// What of a board only play may change.
 struct Table {
@@ -102,11 +104,11 @@ class Game : tests::SimulatedProgram {
     const bool behind = open.size() > 1 && bytes_.ConsumeIntegralInRange(0, 7) == 0;
     screen_ = open[open.size() - (behind ? 2 : 1)].get();
     const int deed = bytes_.ConsumeIntegralInRange(0, 13);
-    if (deed >= 11) return wait(waits[bytes_.ConsumeIntegral<std::uint8_t>() % std::size(waits)]);
+    if (deed >= 11) return wait(waits.at(oneOf(waits.size())));
     if (deed == 10) return goOn(bytes_.ConsumeIntegralInRange(1, 4));
     const auto before = table();
     const bool mayBeSaved = before && !finished_;
-    const bool fresh = desktop.find("Startplay2");
+    const bool fresh = desktop.find("Startplay2") != nullptr;
     const bool closes = deed == 9 && bytes_.ConsumeIntegralInRange(0, 7) == 0;
     if (closes) {
       desktop.closeWindow(std::string(screen_->name()));
@@ -124,7 +126,7 @@ class Game : tests::SimulatedProgram {
   /// Does what leads on, with some luck.
   void goOn(int players) {
     const auto before = table();
-    const bool fresh = desktop.find("Startplay2");
+    const bool fresh = desktop.find("Startplay2") != nullptr;
     if (before && before->seat % 2 == 0 && !before->untouchable()) scriptThrow("65412");
     const bool restarts = left_ && desktop.click("Titlefrm", "Label6");
     const bool waited = !restarts && player_.step(players, players % 2 == 0 ? Plays::ByKeys : Plays::ByMouse);
@@ -149,8 +151,10 @@ class Game : tests::SimulatedProgram {
       case 4:
         return aim(), press(), release();
       case 5:
-      case 6:
         return aim(), press(), aim(), move(), release();
+      case 6:
+        if (screen_->name() != board) return;
+        return aim(die(oneOf(5))), press(), aim(icon(oneOf(5))), move(), release();
       case 7:
         return aim(), press(), point(), move(), release();
       case 8:
@@ -166,21 +170,24 @@ class Game : tests::SimulatedProgram {
     mouse_.y = static_cast<float>(bytes_.ConsumeIntegral<std::uint8_t>()) * 60 - 1500;
   }
 
-  /// At the middle of a widget, or nearly, whose name it returns.
+  /// At one of the screen's widgets, whose name it returns.
   std::string aim() {
     const auto widgets = screen_->widgets();
     if (widgets.empty()) return "";
-    const std::size_t number = bytes_.ConsumeIntegral<std::uint8_t>();
-    const bool onTheTable = number < 180 && screen_->name() == board;
-    const platform::Widget& aimed = !onTheTable       ? *widgets[number % widgets.size()]
-                                    : number % 4 == 0 ? icon(number / 4 % 5)
-                                    : number % 4 == 1 ? home(number / 4 % 5)
-                                    : number % 4 == 2 ? die(number / 4 % 5)
-                                                      : at(buttons[number / 4 % std::size(buttons)]);
-    mouse_.x = aimed.left + aimed.width / 2;
-    mouse_.y = aimed.top + aimed.height / 2 - 15 * static_cast<float>(bytes_.ConsumeIntegralInRange(0, 1));
-    return aimed.name;
+    const bool atTheTable = screen_->name() == board && bytes_.ConsumeBool();
+    const platform::Widget& widget =
+        atTheTable ? at(targets.at(oneOf(targets.size()))) : *widgets[oneOf(widgets.size())];
+    aim(widget);
+    return widget.name;
   }
+
+  /// At its middle, or nearly.
+  void aim(const platform::Widget& widget) {
+    mouse_.x = widget.left + widget.width / 2;
+    mouse_.y = widget.top + widget.height / 2 - 15 * static_cast<float>(oneOf(2));
+  }
+
+  std::size_t oneOf(std::size_t count) { return bytes_.ConsumeIntegralInRange<std::size_t>(0, count - 1); }
 
   int button() { return 1 << std::max(0, bytes_.ConsumeIntegralInRange(-5, 2)); }
   // A deed of several steps may close its screen.
@@ -220,13 +227,14 @@ class Game : tests::SimulatedProgram {
   // --- What always holds ---
 
   void expectWhole(const std::optional<Table>& now) {
-    const auto count = [this](auto... names) { return (0 + ... + (desktop.find(names) ? 1 : 0)); };
-    const int pages = count("Wembickrules", "Wembickrules2", "Wembickrules2b");
-    const int others = count("Titlefrm", "Startplay2", "tolvane", "tolvanecomputer");
+    const auto count = [this](auto... names) {
+      return (std::size_t{0} + ... + (desktop.find(names) ? 1U : 0U));
+    };
+    const std::size_t pages = count("Wembickrules", "Wembickrules2", "Wembickrules2b");
+    const std::size_t others = count("Titlefrm", "Startplay2", "tolvane", "tolvanecomputer");
     require(others <= 1, "one screen leads to the next");
     require(desktop.ended || pages + others > 0, "a program without a screen has ended");
-    require(desktop.openScreens().size() == static_cast<std::size_t>(pages + others + count("Grey")),
-            "once each");
+    require(desktop.openScreens().size() == pages + others + count("Grey"), "once each");
     finished_ = now && (finished_ || now->gameOver());
     if (!now) return;
     const int players = options.playerCount;

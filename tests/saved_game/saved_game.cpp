@@ -161,8 +161,8 @@ TEST(SavedGame, IsLostOnlyByTheCallThatFails) {
         failCall(call, error);
         const std::string kept = whileSaving ? program.leave() : program.restart("");
         failed = failCall(-1, 0);
-        if (!failed) {
-          EXPECT_GT(call, 4);
+        EXPECT_TRUE(failed || call > 4);
+        if (!failed || (error == EINTR && call > 2)) {  // A read or a write is tried again.
           EXPECT_EQ(kept, whileSaving ? whole : "tolvane");
         }
         // A save that failed leaves the beginning of the game; a restore that failed leaves the whole game.
@@ -172,7 +172,7 @@ TEST(SavedGame, IsLostOnlyByTheCallThatFails) {
         } else if (kept == "Titlefrm") {
           EXPECT_EQ(program.restart(""), "tolvane");
         }
-        const bool opened = program.desktop.find("tolvane");
+        const bool opened = program.desktop.find("tolvane") != nullptr;
         if (!opened) program.openBoard(3);
         EXPECT_EQ(program.leave(), opened ? whole : next) << "the next save works";
       }
@@ -185,7 +185,7 @@ TEST(SavedGame, MayBeMoreThanThePlayerMayWrite) {
   getrlimit(RLIMIT_FSIZE, &before);
   for (const rlim_t most : {0U, 5U}) {
     Program program;
-    program.restart(program.lines("3,1,2,0,14,9,7,0,1,0,"));
+    program.restart(Program::lines("3,1,2,0,14,9,7,0,1,0,"));
     const rlimit limit{most, before.rlim_max};
     setrlimit(RLIMIT_FSIZE, &limit);
     const std::string kept = program.leave();
