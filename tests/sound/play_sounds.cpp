@@ -1,5 +1,5 @@
-// Plays the sound files that are named on its input, a line each, and ends with it. Says how many milliseconds
-// each call took ("call"), and when the player is alerted ("alert"). hear_test.py listens.
+// Plays the sound files that are named on its input, a line each, and ends with it. Says how many
+// milliseconds each call took ("call"), and when the player is alerted ("alert"). hear_test.py listens.
 
 #include <QApplication>
 #include <QElapsedTimer>
