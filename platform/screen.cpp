@@ -60,7 +60,6 @@ void Screen::moveFocusToStop(bool forwards) {
   if (next == stops.end()) next = stops.begin();
   auto before = stops.lower_bound(here);
   before = std::prev(before == stops.begin() ? stops.end() : before);
-  focus_ = nullptr;  // So that the stop is entered anew, even if it is the only one.
   moveFocusAlong(forwards ? *next : *before, 0);
 }
 

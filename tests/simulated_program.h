@@ -190,7 +190,7 @@ class SimulatedProgram {
                   int firstSettle, const std::function<void()>& meanwhile) {
     std::deque<double>& script = desktop.chance().script;
     for (int t = 0; t <= firstSettle + 1000; ++t) {
-      script.assign(9, 0.4);
+      script.assign(9, t % 2 == 0 ? 0.34 : 0.49);
       if (t > 0) desktop.advance(1);
       bool rolling = false;
       for (std::size_t i = 0; i < game::diceCount; ++i) {

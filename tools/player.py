@@ -29,6 +29,7 @@ def until(what, seconds=10, every=0.05):
 class Player:
     def __init__(self, program, size="1280x1024x24", manager=("openbox",), **environment):
         self.program = Path(program).resolve()
+        self.command, self.window = [self.program], ""
         self.folder = Path(tempfile.mkdtemp(prefix="tolvane-"))
         for name in ("Images", "wav", "Tolvane Rules.doc"):
             (self.folder / name).symlink_to(ROOT / name)
@@ -63,17 +64,18 @@ class Player:
                               timeout=30).stdout
 
     def start(self):
-        self.game = subprocess.Popen([self.program], cwd=self.folder, env=self.environment)
+        self.game, self.window = subprocess.Popen(self.command, cwd=self.folder, env=self.environment), ""
         self.find_window(363)
 
     def find_window(self, width):
-        """Waits until a window whose inside is this wide is the active one; `click` and `see` mean that."""
+        """Waits until another window, whose inside is this wide, is the active one; `click` and `see` mean that."""
         def found():
             active = self.tell("xdotool", "getactivewindow").strip()
             words = self.tell("xwininfo", "-id", active) if active else ""
             numbers = dict(re.findall(r"(Absolute upper-left [XY]|Width):\s+(-?\d+)", words))
-            if numbers.get("Width") != str(width):
+            if active == self.window or numbers.get("Width") != str(width):
                 return False
+            self.window = active
             self.origin = tuple(int(numbers[f"Absolute upper-left {axis}"]) for axis in "XY")
             return True
         until(found)

@@ -67,6 +67,7 @@ QImage decode(const std::string& path, QSize pixels) {
 std::optional<Size> Pictures::load(std::string_view path) {
   if (const auto old = pictures_.find(path); old != pictures_.end()) pictures_.erase(old);
   PictureFile file(path);
+  if (file.contents().empty()) return std::nullopt;
   const QSize own = file.reader().size();
   const qint64 memory = 4 * qint64(own.width()) * own.height();
   if (own.isEmpty() || memory > qint64(QImageReader::allocationLimit()) << 20) return std::nullopt;

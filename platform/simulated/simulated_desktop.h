@@ -37,7 +37,8 @@ class SimulatedDesktop final : public Desktop {
   std::vector<std::string> documents;
   std::vector<Pointer> pointers;
   std::vector<std::string> said;
-  int refreshes = 0;  ///< How often the view was brought up to date.
+  std::vector<std::string> presented;  ///< Screens that were put or brought to the front.
+  int refreshes = 0;                   ///< How often the view was brought up to date.
   bool ended = false;
 
   Moment now() const { return now_; }
@@ -81,7 +82,7 @@ class SimulatedDesktop final : public Desktop {
   SimulatedChance& chance() override { return chance_; }
 
  private:
-  void present(Screen& /*screen*/) override {}
+  void present(Screen& screen) override { presented.push_back(screen.name()); }
   void dismiss(Screen& /*screen*/) override {}
   void refresh() override { ++refreshes; }
   void announce(const std::string& words) override { said.push_back(words); }

@@ -67,12 +67,8 @@ class Listener(Player):
 
     def parts(self):
         """The names of what the window holds that has the keyboard, in their order."""
-        game = Atspi.get_desktop(0).get_child_at_index(0)
-        windows = [game.get_child_at_index(i) for i in range(game.get_child_count())] if game else []
-        for window in windows:
-            if window.get_state_set().contains(Atspi.StateType.ACTIVE):
-                return [window.get_child_at_index(i).get_name() for i in range(window.get_child_count())]
-        return []
+        return [part.get_name() for game in children(Atspi.get_desktop(0)) for window in children(game)
+                if window.get_state_set().contains(Atspi.StateType.ACTIVE) for part in children(window)]
 
     def choose(self, key, wanted):
         """Presses `key` until the part that it chooses has `wanted` in its name."""
@@ -95,9 +91,8 @@ class Listener(Player):
         return words
 
 
-def faces(words):
-    """"Throw 2: 5, 1." and "In the row: 5, 1." tell these."""
-    return re.findall(r"\d", re.search(r"(?:Throw \d|In the row)(?:: ([^.]*))?\.", words)[1] or "")
+def children(parent):
+    return [parent.get_child_at_index(i) for i in range(parent.get_child_count())]
 
 
 def a_saved_game_by_digits(player):
@@ -111,7 +106,7 @@ def a_saved_game_by_digits(player):
     taken, over = set(), ""
     while "Turn over." not in over:
         over = player.throw("t")
-        row = faces(over)
+        row = re.findall(r"\d", re.search(r"Throw \d(?:: ([^.]*))?\.", over)[1] or "")
         while "Turn over." not in over:
             fits = next((icon for icon in FIT if icon not in taken and FIT[icon] in row), None)
             if not fits and len(taken) < 3:
@@ -122,22 +117,19 @@ def a_saved_game_by_digits(player):
             taken.add(fits)
             row.remove(face)
     totals = {"Orange": 12, "Magenta": 9}
-    for seat in totals:
+    for seat, then in ("Orange", "Magenta to play. ROUND 4 OF 4."), ("Magenta", "End of game."):
         while "Turn over." not in over:
             over = player.next()
-        scored, total = (int(number) for number in
-                         re.search(rf"{seat} scored (\d+)\. {seat} has (\d+)\.", over).groups())
+        scored, total = map(int, re.search(rf"{seat} scored (\d+)\. {seat} has (\d+)\.", over).groups())
         totals[seat] += scored
         assert total == totals[seat], (over, totals)
-        over = player.next("Magenta to play. ROUND 4 OF 4." if seat == "Orange" else "End of game.")
-    best = max(totals.values())
-    winners = [seat.upper() for seat in totals if totals[seat] == best]
-    result = f"{winners[0]} HAS WON!" if len(winners) == 1 else "IT'S A DRAW."
-    scores = ", ".join(f"{seat} {total}" for seat, total in totals.items())
-    assert over == f"End of game. {result} {scores}.", over
-    shown = player.parts()
-    assert all(f"{seat} {total}" in shown for seat, total in totals.items()), (totals, shown)
-    player.press("s", f"{scores}.")
+        over = player.next(then)
+    lead = totals["Orange"] - totals["Magenta"]
+    result = f"{'ORANGE' if lead > 0 else 'MAGENTA'} HAS WON!" if lead else "IT'S A DRAW."
+    scores = [f"{seat} {total}" for seat, total in totals.items()]
+    assert over == f"End of game. {result} {', '.join(scores)}.", over
+    assert set(scores) <= set(player.parts()), (scores, player.parts())
+    player.press("s", f"{', '.join(scores)}.")
     assert player.words == [], "each thing is said once"
 
 
@@ -149,8 +141,8 @@ def a_third_throw_by_tab_arrows_and_space(player):
     player.press("space", "Options.")
     player.choose("Tab", "3 players")
     player.press("space", "Tolvane. ORANGE TO PLAY. ROUND 1 OF 4.")
-    for _ in range(12):  # Turns of the game; in more than half of them a third throw has what is asked for.
-        turned = False
+    turned = False
+    while not turned:  # In more than half of the game's twelve turns a third throw has what is asked for.
         for _ in range(3):
             player.choose("Tab", "Throw Dice")
             if "Turn over." in player.throw("space"):
@@ -164,33 +156,25 @@ def a_third_throw_by_tab_arrows_and_space(player):
             turned = True
         assert re.search(r"to play\. ROUND \d OF 4\.", player.next()), "no hand-over"
         assert player.chosen not in ("New Game", "Exit"), "no choice comes to rest there by itself"
-        if turned:
-            return
-    raise AssertionError("twelve turns without a 6, a 5 and a 4")
 
 
-def put(player, icon, face=""):
+def put(player, icon, face="[1-6]"):
     """Puts a die of the row that shows `face`, if there is one, on the icon, if that is empty; returns what is said."""
     names = player.parts()
-    dice = [name for name in names if re.match(rf"{face or '[1-6]'}, die \d, in the row", name)]
+    dice = [name for name in names if re.match(rf"{face}, die \d, in the row", name)]
     if not dice or not any(name.startswith(icon) and name.endswith("empty") for name in names):
         return ""
-    go(player, "die", int(re.search(r"die (\d)", dice[0])[1]), ("Left", "Right"))
+    go(player, ", die ", range(1, 6), int(re.search(r"die (\d)", dice[0])[1]), ("Left", "Right"))
     player.press("space", f"{dice[0][0]} picked up.")
-    go(player, "takes", ICONS.index(icon), ("Up", "Down"))
+    go(player, "takes", ICONS, icon, ("Up", "Down"))
     return player.press("space", f"{dice[0][0]} on {icon}.")
 
 
-def go(player, kind, wanted, keys):
+def go(player, kind, order, wanted, keys):
     """Goes along the dice, which tell their number, or along the icons, to the one that is wanted."""
-    player.choose("Tab", ", die " if kind == "die" else "takes")
-    def place():
-        name = player.chosen
-        return int(re.search(r"die (\d)", name)[1]) if kind == "die" else ICONS.index(name.split(",")[0])
-    while place() != wanted:
-        before = player.moves
-        player.press(keys[place() < wanted])
-        player.wait(lambda: player.moves > before)
+    player.choose("Tab", kind)
+    chosen = next(place for place in order if re.search(rf"die {place}\b|{place}, takes", player.chosen))
+    player.choose(keys[order.index(chosen) < order.index(wanted)], f"die {wanted}" if kind == ", die " else wanted)
 
 
 if __name__ == "__main__":

@@ -5,9 +5,13 @@ a step that fails shows why. Usage: steps_test.py SOURCES"""
 import os
 import pty
 import signal
+import subprocess
 import sys
 import tempfile
 import time
+
+sys.path.append(f"{sys.argv[1]}/tools")
+from player import until  # noqa: E402
 
 HEAD = f"cd {sys.argv[1]}; set -euo pipefail; steps=1; source tools/setup.sh; "
 # A child, a daemon in a session of its own, and one without any environment but in the step's group.
@@ -15,30 +19,19 @@ FAMILY = 'family() { setsid sleep 1000 & env -i sleep 1000 & sleep 1000; }; run 
 FAILING = 'failing() { printf "[7/9] on the way\\n"; echo "the reason" >&2; false; }; run "Failing" failing'
 
 
-def processes():
+def sleepers():
     """Every `sleep 1000` there is."""
-    found = set()
-    for pid in filter(str.isdigit, os.listdir("/proc")):
-        try:
-            with open(f"/proc/{pid}/cmdline", "rb") as line:
-                if line.read() == b"sleep\0001000\0":
-                    found.add(int(pid))
-        except OSError:
-            pass
-    return found
+    return set(subprocess.run(["pgrep", "-fx", "sleep 1000"], capture_output=True, text=True).stdout.split())
 
 
 def at_a_terminal(script, end=None):
     """Runs the script; when its three sleepers are there, `end` ends it. Returns its status and what it said."""
-    others = processes()
+    others = sleepers()
     pid, terminal = pty.fork()
     if pid == 0:
         os.execvp("bash", ["bash", "-c", script])
-    deadline = time.monotonic() + 30
     if end:
-        while len(processes() - others) < 3:
-            assert time.monotonic() < deadline, "the step did not start"
-            time.sleep(0.05)
+        until(lambda: len(sleepers() - others) == 3, 30)
         time.sleep(0.5)
         end(pid, terminal)
     said = b""
@@ -48,7 +41,7 @@ def at_a_terminal(script, end=None):
     except OSError:  # The terminal's other side has been closed by the last who held it.
         pass
     status = os.waitstatus_to_exitcode(os.waitpid(pid, 0)[1])
-    assert not processes() - others, "what it started still runs"
+    assert not sleepers() - others, "what it started still runs"
     return status, said.decode()
 
 

@@ -96,7 +96,7 @@ TEST(Keys, SetDiceAsideAndSayWhatTheyDo) {
 TEST(Keys, FindTheirWayOverTheBoard) {
   tests::SimulatedProgram game(2);
   for (const auto& [keys, chosen] : tests::rows<2>(R"(
-      t Label2(3)   t Label4(0)   t Image1(0)   t Label2(4)   t Label2(2)   t Label2(3)   b Label2(2)   bb Image1(0)
+      _ -   t Label2(3)   t Label4(0)   t Image1(0)   t Label2(4)   t Label2(2)   t Label2(3)   b Label2(2)   bb Image1(0)
       v Image1(1)   vvvvv Image1(4)  ^ Image1(3)  b Label4(0)  >> Label4(2)  <<<< Label4(0)  >v Image1(3)
       < Label4(1)   t Image1(3))")) {
     press(game, keys);
@@ -118,6 +118,8 @@ TEST(Keys, FindTheirWayOverTheBoard) {
   EXPECT_EQ(said(game).substr(0, 22), "6 on SHIP. | 5 on CAPT");
   game.desktop.advance(4000);
   EXPECT_EQ(focus(game) + " " + game.at("Label1").text, "Label2(3) MAGENTA TO PLAY");
+  game.heard(), press(game, "bb_");
+  EXPECT_EQ(focus(game) + " " + game.heard(), "Label2(4) shipbell");
   // A click with the mouse needs no mark, and what the mouse holds no key can take.
   tests::SimulatedProgram other(2);
   other.throwFaces("66666");

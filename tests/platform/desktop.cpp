@@ -226,11 +226,15 @@ TEST(Keyboard, ChoosesAndClicks) {
 TEST(File, IsFoundInEveryCase) {
   const tests::EmptyFolder folder;
   std::filesystem::create_directories("Images/Old");
-  for (const char* file : {"Images/Start.JPG", "Images/Old/start.jpg", "Tolvane Rules.doc"})
+  for (const char* file : {"Images/Start.JPG", "Images/Old/start.jpg", "Rules.doc", "RULES.DOC"})
     std::ofstream(file) << "x";
   for (const auto& [name, file] : tests::rows<2>(R"(
       Images\Start.JPG Images/Start.JPG   images\start.jpg Images/Start.JPG   IMAGES\OLD\START.JPG Images/Old/start.jpg
-      images\star.jpg Images/star.jpg     wav\key.wav wav/key.wav             tolvane+rules.doc Tolvane+Rules.doc)")) {
+      images\star.jpg Images/star.jpg     wav\key.wav wav/key.wav             Rules.doc Rules.doc   RULES.DOC RULES.DOC)")) {
     EXPECT_EQ(platform::fileNamed(name).generic_string(), file);
   }
+  const std::string large(200000, 'x');
+  EXPECT_TRUE(platform::writeFile("large.wav", large));
+  for (const std::size_t most : {70000U, 1000000U})
+    EXPECT_TRUE(platform::readFile("Large.WAV", most) == large.substr(0, most)) << most;
 }

@@ -14,7 +14,8 @@ TEST(Screens, LeadWhereTheirButtonsSay) {
       O Label3(0) T -         T Label5 GO click1      O Check3 O click1       O Check3 GO click1
       O Label2(0) GO -        O Label2(1) GO -        O Label2(12) GO -       O Label6 GO1 click
       1 Label3(0) GO click1   O Label6 GO1 click      1 Label3(1) GO2 click1  2 Label3(2) GO1 click1
-      1 Label3(1) GO2 click1  2 Label3(1) GO3 click1  3 Label3(2) GO2 click1  2 Label3(0) GO click1
+      1 Label3(1) GO2 click1  2 Label3(1) GO3 click1  3 Label3(2) GO2 click1
+      2 Label3(1) GO3 click1  3 Label2 GO3 click1     3 Label3(2) GO2 click1  2 Label3(0) GO click1
       O Label6 GO1 click      O Label1(2) Gb click    b Label2(2) GT click1   T Label5 GO click1
       O Label6 GO1 click      1 Label3(1) GO2 click1  O Label1(3) G2b click   2 Label3(1) Gb3 click1
       b Label2(2) G3T click1  T Label5 3GO click1     O Check1 3GO click1     O Label1(0) 3Gc -
@@ -26,12 +27,15 @@ TEST(Screens, LeadWhereTheirButtonsSay) {
     const std::string& name = names.at(screen[0]);
     std::filesystem::remove("lastgame.inf");
     program.desktop.ended = false;
+    program.desktop.presented.clear();
     if (widget == "start") program.desktop.start(name);
     if (widget == "close") program.desktop.closeWindow(name);
     EXPECT_EQ(program.desktop.click(name, widget), widget.starts_with("L") || widget.starts_with("C"));
     std::string expected;
     for (const char letter : open) expected += (expected.empty() ? "" : " ") + names.at(letter);
     EXPECT_EQ(program.screens(), expected);
+    const std::vector<std::string>& presented = program.desktop.presented;
+    EXPECT_TRUE(presented.empty() || expected.ends_with(presented.back()));
     EXPECT_EQ(program.heard(), sounds);
     EXPECT_TRUE(widget != "close" || !std::filesystem::exists("lastgame.inf"));
     EXPECT_EQ(program.desktop.ended, open == "G" || open.empty() || widget == "Label7");
@@ -40,7 +44,8 @@ TEST(Screens, LeadWhereTheirButtonsSay) {
     EXPECT_TRUE(!hide || (hide->checked == hidden && program.options.hideDesktop == hidden));
   }
   const std::string page = "https://tolvane.example/";
-  EXPECT_EQ(program.desktop.documents, (std::vector<std::string>{page, page, page, "Tolvane Rules.doc"}));
+  EXPECT_EQ(program.desktop.documents,
+            (std::vector<std::string>{page, page, page, "Tolvane Rules.doc", "Tolvane Rules.doc"}));
 }
 
 // Checks where `screen` stands when the desktop puts `frame` around it.
@@ -80,17 +85,20 @@ TEST(Screens, StandInTheMiddleOfTheDisplay) {
 
 TEST(Screens, GoOnWithoutTheirPictures) {
   tests::SimulatedProgram program;
-  for (const char* name : {"opening", "logo2", "anchor", "start"}) {
+  for (const char* name : {"opening", "logo2", "anchor", "start", "board", "example"}) {
     program.desktop.pictures["Images\\" + std::string(name) + ".jpg"] = std::nullopt;
     program.desktop.pictures["images\\" + std::string(name) + ".jpg"] = std::nullopt;
   }
   program.desktop.click("Titlefrm", "Label5");
   expectPlace(*program.desktop.find("Startplay2"), {3600, 3180, 12000, 9000});
   EXPECT_FALSE(program.desktop.widget("Startplay2", "Check3")->visible);
-  program.desktop.click("Startplay2", "Label6");
-  const platform::Widget& start = *program.desktop.widget("Wembickrules", "Image1");
-  EXPECT_EQ(start.picture, "");
-  EXPECT_EQ((platform::Size{start.width, start.height}), (platform::Size{2835, 3525}));
+  for (const auto& [page, width, height] :
+       {std::tuple("Wembickrules", 2835.F, 3525.F), std::tuple("Wembickrules2", 3600.F, 2700.F),
+        std::tuple("Wembickrules2b", 1800.F, 2580.F)}) {
+    program.desktop.start(page);
+    const platform::Widget& box = *program.desktop.widget(page, "Image1");
+    EXPECT_EQ(std::tuple(box.picture, box.width, box.height), std::tuple("", width, height));
+  }
   program.desktop.click("Startplay2", "Label3(0)");
   expectPlace(*program.desktop.find("Titlefrm"), {3600, 3180, 12000, 9000});
   program.openBoard(2);

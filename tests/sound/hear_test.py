@@ -1,19 +1,19 @@
 #!/usr/bin/env python3
 """Sounds heard for real, on PulseAudio without a loudspeaker, whatever becomes of the server: what is recorded is
 compared with the files sample by sample. Silence between samples is let pass, so a slow machine changes nothing.
-Usage: hear_test.py build/release/play_sounds [CASE...]"""
+Usage: hear_test.py build/release/play_sounds"""
 
 import os
+import re
 import shutil
-import signal
 import struct
 import subprocess
 import sys
 import tempfile
-import threading
 import time
 import wave
 from pathlib import Path
+from signal import SIGCONT, SIGSTOP
 from statistics import median
 
 import numpy
@@ -24,9 +24,8 @@ from player import ROOT, until
 DRIVER = Path(sys.argv[1]).resolve()
 RATE = 44100
 ALL = "click click1 key cupdice shipbell 4bells klaxon wateresplash divboard dive1 aooga".split()
-first_calls, later_calls = [], []  # Milliseconds that passed, milliseconds worked, waits.
-ends, hung_ends = [], []  # Milliseconds.
 PATIENCE = 60  # Seconds: on a machine at its limits a process may take a long time to come or go.
+calls, ends = [], []  # Milliseconds that each call took, seconds that each end took.
 
 
 def samples(sound):
@@ -38,8 +37,8 @@ def wav(data, coding=1, channels=1, rate=RATE, bits=16, size=None):
     """A WAV file's bytes; `size` is what it says it holds, if that is not the truth."""
     size = len(data) if size is None else size
     frame = channels * bits // 8
-    return (b"RIFF" + struct.pack("<I", min(size + 36, 0xffffffff)) + b"WAVEfmt "
-            + struct.pack("<IHHIIHH", 16, coding, channels, rate, rate * frame & 0xffffffff, frame & 0xffff, bits)
+    return (b"RIFF" + struct.pack("<I", size + 36 & 0xffffffff) + b"WAVEfmt "
+            + struct.pack("<IHHIIHH", 16, coding, channels, rate, rate * frame, frame, bits)
             + b"data" + struct.pack("<I", size) + data)
 
 
@@ -52,202 +51,155 @@ class Machine:
                             "QT_QPA_PLATFORM": "offscreen"}
         for name in "DISPLAY", "PULSE_SERVER":
             self.environment.pop(name, None)
-        self.server = self.program = None
-        if server:
-            self.start_server()
-        self.program = subprocess.Popen([driver], cwd=ROOT, env=self.environment, text=True, bufsize=1,
-                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.lines = []
-        self.reader = threading.Thread(target=lambda: self.lines.extend(self.program.stdout), daemon=True)
-        self.reader.start()
+        self.server = self.start_server() if server else None
+        self.said = self.folder / "said"
+        with open(self.said, "w") as said:
+            self.program = subprocess.Popen([driver], cwd=ROOT, env=self.environment, text=True, bufsize=1,
+                                            stdin=subprocess.PIPE, stdout=said)
 
     def __enter__(self):
         return self
 
-    def __exit__(self, *_):
+    def __exit__(self, *error):
+        start = time.monotonic()
+        self.program.stdin.close()
+        if not any(error):
+            assert self.program.wait(PATIENCE) == 0
+            ends.append(time.monotonic() - start)
+            calls.extend(float(line.split()[1]) for line in self.lines("call"))
         for process in filter(None, (self.program, self.server)):
             process.kill()
             process.wait()
         shutil.rmtree(self.folder)
 
-    def start_server(self, device=True):
-        self.server = subprocess.Popen(["pulseaudio", "-n", "--exit-idle-time=-1", "--high-priority=no", "-L",
-                                        "module-native-protocol-unix"], env=self.environment, stderr=subprocess.DEVNULL)
-        until(lambda: subprocess.run(["pactl", "info"], env=self.environment, capture_output=True).returncode == 0,
+    def start_server(self):
+        self.server = subprocess.Popen(
+            ["pulseaudio", "-n", "--exit-idle-time=-1", "--high-priority=no", "-L", "module-native-protocol-unix",
+             "-L", f"module-null-sink sink_name=deaf rate={RATE} channels=1 norewinds=1"],
+            env=self.environment, stderr=subprocess.DEVNULL)
+        until(lambda: not subprocess.run(["pactl", "info"], env=self.environment, capture_output=True).returncode,
               PATIENCE)
-        if device:
-            self.plug_in()
-
-    def plug_in(self):
-        subprocess.run(["pactl", "load-module", "module-null-sink", "sink_name=deaf", f"rate={RATE}", "channels=1",
-                        "norewinds=1"], env=self.environment, check=True, stdout=subprocess.DEVNULL)
         self.recording = Path(tempfile.mkstemp(dir=self.folder)[1])
         with open(self.recording, "wb") as file:  # The listener ends with the server.
             subprocess.Popen(["parec", "-d", "deaf.monitor", "--format=s16le", f"--rate={RATE}", "--channels=1",
                               "--latency-msec=1"], env=self.environment, stdout=file, stderr=subprocess.DEVNULL)
         until(lambda: self.recording.stat().st_size, PATIENCE)
+        return self.server
 
-    def stop_server(self):
-        self.server.kill()
-        self.server.wait()
+    def lines(self, kind):
+        return [line for line in self.said.read_text().splitlines() if line.startswith(kind)]
 
     def play(self, *paths):
         """Asks for the sounds, one after the other, and returns when the player has been called for them."""
-        calls = len(self.calls())
+        called = len(self.lines("call")) + len(paths)
         self.program.stdin.write("".join(f"{path}\n" for path in paths))
-        until(lambda: len(self.calls()) == calls + len(paths), PATIENCE)
-
-    def calls(self):
-        return [tuple(map(float, line.split()[1:])) for line in list(self.lines) if line.startswith("call")]
-
-    def alerts(self):
-        return self.lines.count("alert\n")
+        until(lambda: len(self.lines("call")) == called, PATIENCE)
 
     def heard(self, sound, since=0):
         recorded = numpy.fromfile(self.recording, "<i2")[since:]
         return sound[sound != 0].tobytes() in recorded[recorded != 0].tobytes()
 
-    def hear(self, path, sound):
+    def heard_of(self, *names):
+        """Whether any of these has been heard, or began."""
+        return any(self.heard(samples(name)[:RATE // 4]) for name in names)
+
+    def hear(self, sound, *paths):
         since = self.recording.stat().st_size // 2
-        self.play(path)
-        self.until_heard(sound, since, path)
+        self.play(*paths)
+        until(lambda: self.heard(sound, since), PATIENCE)
 
-    def until_heard(self, sound, since=0, path=""):
-        def found():
-            return self.heard(sound, since)
-        found.__doc__ = f"heard {path}"
-        until(found, PATIENCE)
-
-    def end(self, times=ends):
-        start = time.monotonic()
-        self.program.stdin.close()
-        assert self.program.wait(PATIENCE) == 0
-        times.append((time.monotonic() - start) * 1000)
-        self.reader.join()
-        first, *later = self.calls()
-        first_calls.append(first)
-        later_calls.extend(later)
+    def switches(self):
+        """How often each thread of the program has woken and slept."""
+        tasks = Path(f"/proc/{self.program.pid}/task").glob("*/status")
+        return sorted(re.findall("ctxt_switches.*", task.read_text()) for task in tasks)
 
 
-def every_sound_is_heard_whole():
+def every_sound_is_heard_whole_and_then_nothing_wakes():
     with Machine() as machine:
         for name in ALL + ["click", "click"]:
-            machine.hear(rf"WAV\{name}.wav", samples(name))
-        assert machine.alerts() == 0
-        machine.end()
+            machine.hear(samples(name), rf"WAV\{name}.wav")
+        assert not machine.lines("alert")
+        time.sleep(1)
+        before = machine.switches()
+        time.sleep(2)
+        assert machine.switches() == before, (before, machine.switches())
 
 
 def the_newest_wins():
     with Machine() as machine:
-        old, new = samples("cupdice"), samples("shipbell")
-        machine.hear("wav/cupdice.wav", old[:RATE // 4])
-        machine.play("wav/shipbell.wav")
-        machine.until_heard(new[RATE * 30 // 1000:])  # All of it alone, but for 30 ms at most.
-        assert not machine.heard(old)
-        machine.hear("wav/klaxon.wav", samples("klaxon")[:RATE // 4])
-        machine.play(*["wav/aooga.wav", "wav/key.wav"] * 20, "wav/click.wav")  # Before the server can make a stream.
-        machine.until_heard(samples("click"))
-        assert not machine.heard(samples("klaxon")) and not machine.heard(samples("aooga"))
-        machine.end()
+        machine.hear(samples("cupdice")[:RATE // 4], "wav/cupdice.wav")
+        machine.hear(samples("shipbell")[RATE * 30 // 1000:], "wav/shipbell.wav")  # Alone, but for 30 ms at most.
+        machine.hear(samples("klaxon")[:RATE // 4], "wav/klaxon.wav")
+        machine.hear(samples("click"), *["wav/aooga.wav", "wav/key.wav"] * 20, "wav/click.wav")
+        assert not any(machine.heard(samples(name)) for name in ("cupdice", "klaxon", "aooga"))
 
 
-def every_kind_of_wav_file_is_heard():
+def a_file_is_heard_or_alerts():
     sound = samples("klaxon")[:RATE // 4]
     coarse = (sound >> 8).astype("<i2")
     wide = (sound.astype("<i4") << 8).astype("<i4").view("u1").reshape(-1, 4)
-    unknown = 0xffffffff
-    with Machine() as machine:
-        for name, contents in {
-                "8 bits": (wav((coarse + 128).astype("u1").tobytes(), bits=8), coarse << 8),
-                "24 bits": (wav(wide[:, :3].tobytes(), bits=24), sound),
-                "32 bits": (wav((sound.astype("<i4") << 16).tobytes(), bits=32), sound),
-                "float": (wav((sound / 32768).astype("<f4").tobytes(), coding=3, bits=32), sound),
-                "stereo": (wav(numpy.repeat(sound, 2).tobytes(), channels=2), sound),
-                "streamed": (wav(sound.tobytes(), size=unknown), sound),
-                "streamed, size never filled in": (wav(sound.tobytes(), size=0), sound),
-                "cut short": (wav(sound.tobytes(), size=10 * len(sound)), sound)}.items():
-            path = machine.folder / f"{name}.wav"
-            path.write_bytes(contents[0])
-            machine.hear(path, contents[1])
-        assert machine.alerts() == 0
-        machine.end()
-
-
-def what_is_no_sound_alerts():
-    sound = samples("click").tobytes()
-    good = wav(sound)
+    good = wav(sound.tobytes())
     with Machine() as machine:
         os.mkfifo(machine.folder / "pipe")
-        bad = {"nothing": b"", "noise": bytes(range(256)) * 99, "no samples": wav(b""), "cut in its head": good[:30],
-               "no WAVE": good.replace(b"WAVE", b"RAVE"), "another kind of file": b"FORM" + good[4:],
-               "no channel": wav(sound, channels=0), "many channels": wav(sound, channels=999),
-               "standing still": wav(sound, rate=0), "too fast": wav(sound, rate=0x7fffffff),
-               "unknown coding": wav(sound, coding=0x1234), "no bits": wav(sound, bits=0)}
-        for name, contents in bad.items():
-            (machine.folder / name).write_bytes(contents)
-        alerts = 0
-        for name in [*bad, "pipe", "missing", "."]:
-            machine.play(machine.folder / name)
-            alerts += 1
-            until(lambda: machine.alerts() == alerts, PATIENCE)
-        machine.hear("wav/click.wav", samples("click"))
-        machine.play(machine.folder / "pipe")
-        machine.end()
+        for name, contents, heard in (
+                ("8 bits", wav((coarse + 128).astype("u1").tobytes(), bits=8), coarse << 8),
+                ("24 bits", wav(wide[:, :3].tobytes(), bits=24), sound),
+                ("float", wav((sound / 32768).astype("<f4").tobytes(), coding=3, bits=32), sound),
+                ("stereo", wav(numpy.repeat(sound, 2).tobytes(), channels=2), sound),
+                ("streamed", wav(sound.tobytes(), size=0xffffffff), sound),
+                ("streamed, size never filled in", wav(sound.tobytes(), size=0), sound),
+                ("cut short", wav(sound.tobytes(), size=10 * len(sound)), sound),
+                ("nothing", b"", None), ("noise", bytes(range(256)) * 99, None), ("no samples", wav(b""), None),
+                ("cut in its head", good[:30], None), ("another kind of file", b"FORM" + good[4:], None),
+                ("no channel", wav(good, channels=0), None), ("standing still", wav(good, rate=0), None),
+                ("unknown coding", wav(good, coding=0x1234), None), ("no bits", wav(good, bits=0), None),
+                ("missing", None, None), (".", None, None), ("pipe", None, None), ("good again", good, sound)):
+            alerts = len(machine.lines("alert"))
+            if contents is not None:
+                (machine.folder / name).write_bytes(contents)
+            if heard is None:
+                machine.play(machine.folder / name)
+                until(lambda: len(machine.lines("alert")) > alerts, PATIENCE)
+            else:
+                machine.hear(heard, machine.folder / name)
+            assert len(machine.lines("alert")) == alerts + (heard is None), name
 
 
-def a_server_that_comes_later_is_found():
+def a_server_that_comes_and_comes_back_is_found():
     with Machine(server=False) as machine:
         machine.play("wav/klaxon.wav", "wav/missing.wav")
-        until(machine.alerts, PATIENCE)  # Of the missing file the player hears in any case.
-        machine.play("wav/aooga.wav")
-        time.sleep(1)
-        machine.start_server(device=False)
-        machine.play("wav/cupdice.wav")  # Without a device: silence.
-        time.sleep(1)
-        machine.plug_in()
-        machine.hear("wav/key.wav", samples("key"))
-        assert not any(machine.heard(samples(name)[:RATE // 4]) for name in ("klaxon", "aooga", "cupdice"))
-        assert machine.alerts() == 1
-        machine.end()
-
-
-def a_server_that_comes_back_is_found():
-    with Machine() as machine:
-        for name in "key", "shipbell":  # Away while nothing plays, and then while something does.
-            machine.hear("wav/key.wav", samples("key"))
-            machine.play(f"wav/{name}.wav")
-            machine.stop_server()
-            time.sleep(2.5)
+        until(lambda: machine.lines("alert"), PATIENCE)  # Of the missing file the player hears in any case.
+        for name in "key", "shipbell", None:  # Away while nothing plays, and then while something does.
             machine.play("wav/aooga.wav")
-            time.sleep(0.5)
+            time.sleep(1)
             machine.start_server()
-            machine.hear("wav/click.wav", samples("click"))
-            assert not machine.heard(samples("aooga")[:RATE // 4])
-        machine.end()
+            machine.hear(samples("key"), "wav/key.wav")
+            assert not machine.heard_of("klaxon", "aooga")
+            if name:
+                machine.play(f"wav/{name}.wav")
+                machine.server.kill()
+                machine.server.wait()
+                time.sleep(2.5)
+        assert len(machine.lines("alert")) == 1
 
 
 def nothing_waits_for_a_hung_server():
-    for heard_before in False, True:
+    with Machine() as machine:
+        for _ in range(2):  # From the start, and after a sound.
+            machine.server.send_signal(SIGSTOP)
+            machine.play(*["wav/klaxon.wav", "wav/aooga.wav"] * 20)
+            time.sleep(2)
+            machine.server.send_signal(SIGCONT)
+            machine.hear(samples("click"), "wav/click.wav")
+            assert not machine.heard_of("klaxon", "aooga")
+        machine.server.send_signal(SIGSTOP)
+        machine.play("wav/klaxon.wav")
+    for _ in range(4):  # Hung from the first sound to the end.
         with Machine() as machine:
-            if heard_before:
-                machine.hear("wav/key.wav", samples("key"))
-            for _ in range(2):
-                machine.server.send_signal(signal.SIGSTOP)
-                machine.play(*["wav/klaxon.wav", "wav/aooga.wav"] * 20)
-                time.sleep(2)
-                machine.server.send_signal(signal.SIGCONT)
-                machine.hear("wav/click.wav", samples("click"))
-                assert not any(machine.heard(samples(name)[:RATE // 4]) for name in ("klaxon", "aooga"))
-            machine.server.send_signal(signal.SIGSTOP)
-            machine.play("wav/klaxon.wav")
-            machine.end(hung_ends)
-    for _ in range(3):  # Hung from the first sound to the end.
-        with Machine() as machine:
-            machine.server.send_signal(signal.SIGSTOP)
+            machine.server.send_signal(SIGSTOP)
             machine.play(*["wav/klaxon.wav", "wav/aooga.wav"] * 20)
             time.sleep(0.5)
-            machine.end(hung_ends)
-    assert median(hung_ends) < 1000, hung_ends
+    assert median(ends[-5:]) < 1, ends
 
 
 def the_end_may_come_at_any_moment():
@@ -255,50 +207,20 @@ def the_end_may_come_at_any_moment():
         with Machine(server=False) as machine:
             machine.play("wav/klaxon.wav")
             machine.program.stdin.write("wav/aooga.wav\n")
-            machine.end()
 
 
 def without_its_module_the_program_is_silent():
-    with tempfile.TemporaryDirectory() as folder:
-        with Machine(shutil.copy(DRIVER, folder)) as machine:
-            machine.play("wav/klaxon.wav", "wav/missing.wav")
-            time.sleep(0.5)
-            machine.play("wav/aooga.wav")
-            machine.end()
-            recorded = numpy.fromfile(machine.recording, "<i2")
-            assert machine.alerts() == 0 and not recorded.any()
-
-
-def nothing_wakes_after_the_last_sound():
-    with Machine() as machine:
-        machine.hear("wav/click.wav", samples("click"))
-        time.sleep(1)
-
-        def switches():
-            tasks = Path(f"/proc/{machine.program.pid}/task").glob("*/status")
-            return [line for task in sorted(tasks) for line in task.read_text().split("\n") if "ctxt_switches" in line]
-        before = switches()
-        time.sleep(2)
-        assert switches() == before, (before, switches())
-        machine.end()
+    with tempfile.TemporaryDirectory() as folder, Machine(shutil.copy(DRIVER, folder)) as machine:
+        machine.play("wav/klaxon.wav", "wav/missing.wav")
+        time.sleep(0.5)
+        assert not machine.lines("alert") and not numpy.fromfile(machine.recording, "<i2").any()
 
 
 if __name__ == "__main__":
-    cases = [every_sound_is_heard_whole, the_newest_wins, every_kind_of_wav_file_is_heard, what_is_no_sound_alerts,
-             a_server_that_comes_later_is_found, a_server_that_comes_back_is_found, nothing_waits_for_a_hung_server,
-             the_end_may_come_at_any_moment, without_its_module_the_program_is_silent,
-             nothing_wakes_after_the_last_sound]
-    cases = [case for case in cases if case.__name__ in sys.argv[2:]] or cases
-    for case in cases:
-        start = time.monotonic()
+    for case in (every_sound_is_heard_whole_and_then_nothing_wakes, the_newest_wins, a_file_is_heard_or_alerts,
+                 a_server_that_comes_and_comes_back_is_found, nothing_waits_for_a_hung_server,
+                 the_end_may_come_at_any_moment, without_its_module_the_program_is_silent):
         case()
-        print(f"{case.__name__.replace('_', ' ')}: {time.monotonic() - start:.1f} s", flush=True)
-    for what, calls in ("first calls", first_calls), ("later calls", later_calls):
-        passed, worked, waits = zip(*calls)
-        print(f"{what}: {median(passed):.3f} ms, worked {median(worked):.3f} ms (longest {max(passed):.3f} and "
-              f"{max(worked):.3f}); {sum(map(bool, waits))} of {len(calls)} waited")
-        # On a busy machine time passes, and now and then the other thread holds what is shared.
-        assert median(worked) < 2 and sum(map(bool, waits)) <= len(calls) / 4
-    for what, times in ("ends", ends), ("ends with a hung server", hung_ends):
-        print(f"{what}: {median(times or [0]):.1f} ms, longest {max(times, default=0):.1f}")
-    print(f"{len(cases)} passed, 0 failed")
+        print(case.__name__.replace("_", " "), flush=True)
+    assert median(calls) < 2, calls  # No handler waits for a sound.
+    print("7 passed, 0 failed")
