@@ -14,7 +14,7 @@ constexpr std::size_t largestFile = 16 << 20;
 
 // JPEG is what the game has. Whatever else lies under such a name is not handed to a decoder that knows it: a
 // drawing, for one, may refer to further files.
-constexpr char format[] = "jpg";
+constexpr const char* format = "jpg";
 
 /// Twips a pixel, across and down, by the header that such files begin with; at 96 dots an inch when it
 /// states nothing.

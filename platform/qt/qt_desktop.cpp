@@ -153,7 +153,7 @@ ScreenWindow* QtDesktop::ownerOf(const Screen& screen) const {
   if (onX11()) return behind;
   ScreenWindow* owner = behind;
   for (ScreenWindow* window : seenWindows()) {
-    if (window != windows_.at(&screen) && (!behind || window->owner())) owner = window;
+    if (window != windows_.at(&screen) && (behind == nullptr || window->owner() != nullptr)) owner = window;
   }
   return owner;
 }
@@ -168,13 +168,11 @@ void QtDesktop::refresh() {
 
 void QtDesktop::announce(const std::string& words) {
   // The foremost window says it; the backdrop is none of a player's.
-  const auto open = openScreens();
-  for (auto screen = open.rbegin(); screen != open.rend(); ++screen) {
-    const auto found = windows_.find(screen->get());
-    if (found == windows_.end()) continue;
-    accessibility_.announce(*found->second, words);
-    return;
+  ScreenWindow* foremost = nullptr;
+  for (const auto& screen : openScreens()) {
+    if (const auto found = windows_.find(screen.get()); found != windows_.end()) foremost = found->second;
   }
+  if (foremost) accessibility_.announce(*foremost, words);
 }
 
 Moment QtDesktop::now() const {

@@ -103,8 +103,8 @@ void ScreenWindow::refresh() {
   // The mark is on what is seen of the chosen widget's place: the die on an icon, not the icon beneath.
   const Widget* marked = screen_->focus();
   for (const Widget* above : screen_->drawingOrder()) {
-    const bool covers = marked && above->visible && above->left == marked->left && above->top == marked->top;
-    if (covers) marked = above;
+    if (!marked) break;
+    if (above->visible && above->left == marked->left && above->top == marked->top) marked = above;
   }
   for (View* view : views_) {
     const Widget* widget = &view->widget();
@@ -148,7 +148,7 @@ void ScreenWindow::belongTo(ScreenWindow* owner) {
   QWindow* behind = owner ? owner->windowHandle() : nullptr;
   // A Wayland compositor hears of an owner only with a new window; of none, it needs not hear. A window
   // manager would lose a window that goes and comes at once.
-  const bool comesAnew = isVisible() && behind && !onX11();
+  const bool comesAnew = isVisible() && behind != nullptr && !onX11();
   if (comesAnew) hide();
   windowHandle()->setTransientParent(behind);
   if (comesAnew) show();
@@ -245,7 +245,7 @@ void ScreenWindow::showToolTip(const QPoint& at) {
   const auto found = std::find_if(views_.begin(), views_.end(), [&](const View* view) {
     return view->isVisible() && view->geometry().contains(at) && !view->widget().toolTip.empty();
   });
-  if (!screen_ || found == views_.end()) return;
+  if (screen_ == nullptr || found == views_.end()) return;
   QToolTip::showText(mapToGlobal(at), QString::fromStdString((*found)->widget().toolTip), this,
                      (*found)->geometry());
 }
@@ -271,7 +271,7 @@ void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ScreenWindow::mousePressEvent(QMouseEvent* event) {
-  if (!screen_ || desktop_.pressMouse(desktop_.now(), *screen_, mouseFrom(*event))) return;
+  if (screen_ == nullptr || desktop_.pressMouse(desktop_.now(), *screen_, mouseFrom(*event))) return;
   // A page without a title bar is moved by its background.
   if (screen_->frame == Frame::ThinLine && event->button() == Qt::LeftButton)
     windowHandle()->startSystemMove();

@@ -16,7 +16,6 @@
 namespace {
 
 using platform::Widget;
-using platform::qt::pixels;
 
 constexpr int aWholeThrow = 2100;  // Milliseconds.
 
@@ -348,7 +347,8 @@ button: Exit
     shown.activateWindow();
     EXPECT_TRUE(backdrop || QTest::qWaitFor([&] { return shown.isActiveWindow(); }));
     // Whatever lies in front.
-    if (QWidget* die = shown.findChild<QWidget*>("Label4(1)"); die && !shown.windowTitle().isEmpty()) {
+    if (auto* die = shown.findChild<QWidget*>("Label4(1)");
+        die != nullptr && !shown.windowTitle().isEmpty()) {
       const QPoint there = die->geometry().center();
       QMouseEvent over(QEvent::MouseMove, there, shown.mapToGlobal(there), Qt::NoButton, {}, {});
       QApplication::sendEvent(&shown, &over);
