@@ -143,7 +143,8 @@ void Desktop::moveMouse(Moment now, Screen& screen, MouseEvent mouse) {
   if (!heard) {
     heard = mouse.buttons == 0 ? widgetUnder(screen, mouse) : nullptr;
   } else if (isClicked(*heard)) {
-    if (std::exchange(screen.sunk_, covers(*heard, mouse)) != screen.sunk_) refresh();
+    const bool wasSunk = std::exchange(screen.sunk_, covers(*heard, mouse));
+    if (wasSunk != screen.sunk_) refresh();
   } else {
     mouse.x = std::clamp(mouse.x, 0.F, screen.client.width);
     mouse.y = std::clamp(mouse.y, 0.F, screen.client.height);
