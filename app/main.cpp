@@ -1,17 +1,21 @@
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QIcon>
 #include <QTimer>
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fontconfig/fontconfig.h>
 #include <future>
 
 #include "app/register_screens.h"
 #include "platform/qt/accessibility.h"
 #include "platform/qt/qt_desktop.h"
+#include "platform/qt/views.h"
 #include "platform/qt/x11.h"
 #include "screens/shell/screen_names.h"
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -48,17 +52,18 @@ int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);
   choosePlatform();
   platform::qt::Accessibility::letReadersComeLater();
-  // What the fonts are called takes a while to read; the first text needs it.
-  const auto fonts = std::async(FcInit);
   const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
+  // Which fonts there are takes a while to read: it is known when the first text is drawn.
+  const auto fonts =
+      std::async(std::launch::async, [] { return QFontMetricsF(platform::qt::fontFor({})).height(); });
   QGuiApplication::setDesktopFileName(QStringLiteral("org.example.tolvane"));
   game::GameOptions options;
   game::GameState state;
   platform::qt::QtDesktop desktop;
   app::registerScreens(desktop, options, state);
   desktop.start(shell::titleScreen);
-  QTimer::singleShot(0, setIcon);  // The window comes first.
+  QTimer::singleShot(100ms, setIcon);  // The window's first picture comes first.
   return QApplication::exec();
 }

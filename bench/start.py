@@ -25,7 +25,7 @@ class Start:
         self.program, self.player = program, player
         self.root = Display(player.display).screen().root
         self.times, self.memory = [], []
-        process = self.run()
+        process, player.window = self.run(), ""  # The number of the last one's window may come again.
         player.find_window(WIDTH)
         time.sleep(1)
         self.painted = self.column()

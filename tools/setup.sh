@@ -14,7 +14,7 @@ trap 'echo; exit 130' INT
 trap 'exit 143' TERM
 
 # Packages by use.
-program_packages=(g++ cmake ninja-build qt6-base-dev libxcb1-dev libfontconfig-dev libpulse-dev libsndfile1-dev)
+program_packages=(g++ cmake ninja-build qt6-base-dev libxcb1-dev libpulse-dev libsndfile1-dev)
 player_packages=(fonts-liberation)
 package_packages=(build-essential debhelper)
 

@@ -115,7 +115,7 @@ std::optional<QMargins> futureFrame(QWindow& window) {
       };
       return QMargins(side(0), side(2), side(1), side(3));
     }
-    std::this_thread::sleep_for(500us);
+    std::this_thread::sleep_for(100us);
   } while (std::chrono::steady_clock::now() < end);
   return std::nullopt;
 }
