@@ -38,8 +38,11 @@ class Player:
             ["Xvfb", "-displayfd", str(write), "-screen", "0", size, "-nolisten", "tcp"],
             pass_fds=[write], stderr=subprocess.DEVNULL)
         self.display = ":" + os.read(read, 9).decode().strip()
+        # Without a word about the session bus each start would start one, which stays; and the sanitizers do not
+        # stand such a fork while the fonts are read beside it.
         self.environment = {**os.environ, "DISPLAY": self.display, "HOME": str(self.folder),
-                            "XDG_RUNTIME_DIR": str(self.folder), **environment}
+                            "XDG_RUNTIME_DIR": str(self.folder), "DBUS_SESSION_BUS_ADDRESS": "disabled:",
+                            **environment}
         self.environment.pop("QT_QPA_PLATFORM", None)
         self.manager = subprocess.Popen(manager, env=self.environment, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)

@@ -23,7 +23,7 @@ FIT = {"SHIP": "6", "CAPTAIN": "5", "MATE": "4"}
 class Listener(Player):
     """Hears what is said, notes which part the keyboard has chosen, and counts how often a name changes."""
     def __init__(self, program):
-        super().__init__(program)
+        super().__init__(program, DBUS_SESSION_BUS_ADDRESS=environ["DBUS_SESSION_BUS_ADDRESS"])
         self.words, self.chosen, self.moves, self.names = [], "", 0, 0
         self.reader = Atspi.EventListener.new(self.hear)
 
