@@ -55,7 +55,7 @@ int main(int argc, char** argv) {
   const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
-  // Which fonts there are takes a while to read: it is known when the first text is drawn.
+  // Finding out which fonts there are takes a while; the first text would wait for it.
   const auto fonts =
       std::async(std::launch::async, [] { return QFontMetricsF(platform::qt::fontFor({})).height(); });
   QGuiApplication::setDesktopFileName(QStringLiteral("org.example.tolvane"));
