@@ -52,7 +52,7 @@ class Board {
     wait(500);
   }
 
-  void throwDice() { desktop_.click(desktop_.now(), at("Label2(3)")); }
+  void throwDice() { desktop_.click(at("Label2(3)")); }
 
   /// From tick to tick of a timer; a pause of 200 ms or more is none of its intervals.
   Times intervals(std::size_t timer, const std::function<void()>& play) {

@@ -46,6 +46,18 @@ MouseEvent over(const Widget& widget, MouseEvent mouse) {
   return mouse;
 }
 
+// A flag that is up for as long as this lives, also where a handler throws.
+class Raised {
+ public:
+  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
+  ~Raised() { flag_ = false; }
+  Raised(const Raised&) = delete;
+  Raised& operator=(const Raised&) = delete;
+
+ private:
+  bool& flag_;
+};
+
 auto named(std::string_view name) {
   return [name](const std::unique_ptr<Screen>& screen) { return screen->name() == name; };
 }
@@ -96,16 +108,17 @@ void Desktop::say(std::string_view words) {
   words_ += words;
 }
 
-void Desktop::handle(Moment now, const std::function<void()>& handler) {
+void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
   assert(!handling_ && "One handler runs at a time.");
-  handling_ = true;
-  moment_ = now;
-  handler();
-  destroyClosed();
-  startTimers();
-  for (const auto& screen : open_) screen->nameWidgets();
-  refresh();
-  handling_ = false;
+  {
+    const Raised running(handling_);
+    moment_ = moment;
+    handler();
+    destroyClosed();
+    startTimers();
+    for (const auto& screen : open_) screen->nameWidgets();
+    refresh();
+  }
   if (!words_.empty()) {
     lastSaid_ = std::exchange(words_, {});
     announce(lastSaid_);
@@ -116,16 +129,16 @@ void Desktop::handle(Moment now, const std::function<void()>& handler) {
   }
 }
 
-bool Desktop::click(Moment now, Widget& widget) {
+bool Desktop::click(Widget& widget) {
   if (!canBeClicked(widget)) return false;
-  handle(now, [&widget] { activate(widget); });
+  handle([&widget] { activate(widget); });
   return true;
 }
 
-bool Desktop::pressMouse(Moment now, Screen& screen, const MouseEvent& mouse) {
+bool Desktop::pressMouse(Screen& screen, const MouseEvent& mouse) {
   const bool secondOfTwo =
-      presses_ > 0 && now - lastPress_ < doubleClick && screen.pressesBefore_ == presses_;
-  lastPress_ = now;
+      presses_ > 0 && mouse.time - lastPress_ < doubleClick && screen.pressesBefore_ == presses_;
+  lastPress_ = mouse.time;
   ++presses_;
   Widget* under = widgetUnder(screen, mouse);
   if (!under) return false;
@@ -136,9 +149,13 @@ bool Desktop::pressMouse(Moment now, Screen& screen, const MouseEvent& mouse) {
   return true;
 }
 
-void Desktop::moveMouse(Moment now, Screen& screen, MouseEvent mouse) {
-  // The window system may have kept the release to itself.
-  if (screen.held_ && mouse.buttons == 0) releaseMouse(now, screen, mouse, 0);
+void Desktop::moveMouse(Screen& screen, MouseEvent mouse) {
+  if (screen.held_ && mouse.buttons == 0) {  // The window system has kept the release to itself.
+    releaseMouse(screen, mouse, 0);
+    const bool gone =
+        std::none_of(open_.begin(), open_.end(), [&](const auto& open) { return open.get() == &screen; });
+    if (gone) return;
+  }
   Widget* heard = screen.held_;
   if (!heard) {
     heard = mouse.buttons == 0 ? widgetUnder(screen, mouse) : nullptr;
@@ -150,10 +167,10 @@ void Desktop::moveMouse(Moment now, Screen& screen, MouseEvent mouse) {
     mouse.y = std::clamp(mouse.y, 0.F, screen.client.height);
   }
   if (!heard || !heard->enabled || !heard->onMouseMove) return;
-  handle(now, [&] { heard->onMouseMove(over(*heard, mouse)); });
+  handle([&] { heard->onMouseMove(over(*heard, mouse)); });
 }
 
-void Desktop::releaseMouse(Moment now, Screen& screen, const MouseEvent& mouse, int button) {
+void Desktop::releaseMouse(Screen& screen, const MouseEvent& mouse, int button) {
   Widget* held = screen.held_;
   if (!held) return;
   if (mouse.buttons == 0) {
@@ -161,14 +178,14 @@ void Desktop::releaseMouse(Moment now, Screen& screen, const MouseEvent& mouse, 
     if (std::exchange(screen.sunk_, false)) refresh();
   }
   if (held->onMouseUp) {
-    handle(now, [&] { held->onMouseUp(over(*held, mouse)); });
+    handle([&] { held->onMouseUp(over(*held, mouse)); });
   } else if (button == leftButton && covers(*held, mouse)) {
-    click(now, *held);
+    click(*held);
   }
 }
 
-void Desktop::pressKey(Moment now, Screen& screen, Key key) {
-  if (!screen.held_) handle(now, [&] { screen.answer(key); });
+void Desktop::pressKey(Screen& screen, Key key) {
+  if (!screen.held_) handle([&] { screen.answer(key); });
 }
 
 std::optional<Moment> Desktop::nextTick() const {
@@ -176,13 +193,14 @@ std::optional<Moment> Desktop::nextTick() const {
   return timer ? std::optional(timer->due_) : std::nullopt;
 }
 
-void Desktop::runDueTick(Moment now) {
+void Desktop::runDueTick() {
   Timer* timer = earliestTimer();
-  if (!timer || timer->due_ > now) return;
+  const Moment moment = now();
+  if (!timer || timer->due_ > moment) return;
   const Moment interval = milliseconds(timer->interval_);
-  const Moment came = now - timer->due_ < interval ? timer->due_ : now;
+  const Moment came = moment - timer->due_ < interval ? timer->due_ : moment;
   timer->due_ = came + interval;
-  handle(came, timer->onTick);
+  handleAt(came, timer->onTick);
 }
 
 Timer* Desktop::earliestTimer() const {

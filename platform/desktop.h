@@ -102,13 +102,13 @@ class Desktop {
   /// The open screens, the one shown last at the end.
   std::span<const std::unique_ptr<Screen>> openScreens() const { return open_; }
 
-  /// Runs a handler to its end at the moment `now`, and then what must wait for that; never within another.
+  /// Runs a handler to its end, and then what must wait for that; never within another.
   /// When no screen but a backdrop is left, the program ends: nobody is left with a coloured display and no
   /// way out.
-  void handle(Moment now, const std::function<void()>& handler);
+  void handle(const std::function<void()>& handler) { handleAt(now(), handler); }
 
-  /// A click on `widget` at the moment `now`. False, and nothing happens, when it would not be heard.
-  bool click(Moment now, Widget& widget);
+  /// A click on `widget`. False, and nothing happens, when it would not be heard.
+  bool click(Widget& widget);
 
   // The mouse over the client area of an open screen, and the keyboard while that screen has it. The topmost
   // widget under the pointer hears of a press; while the button is held it hears of every move and of the
@@ -118,20 +118,23 @@ class Desktop {
 
   /// A button goes down; `mouse.buttons` tells all that are held. False when there is nothing that could have
   /// heard of it: the screen's own ground.
-  bool pressMouse(Moment now, Screen& screen, const MouseEvent& mouse);
-  void moveMouse(Moment now, Screen& screen, MouseEvent mouse);
+  bool pressMouse(Screen& screen, const MouseEvent& mouse);
+  void moveMouse(Screen& screen, MouseEvent mouse);
   /// `button` goes up; `mouse.buttons` tells those still held.
-  void releaseMouse(Moment now, Screen& screen, const MouseEvent& mouse, int button);
-  void pressKey(Moment now, Screen& screen, Key key);
+  void releaseMouse(Screen& screen, const MouseEvent& mouse, int button);
+  void pressKey(Screen& screen, Key key);
 
   /// When the next tick of an open screen's timer is due; nothing while no timer counts.
   std::optional<Moment> nextTick() const;
 
-  /// Runs the tick that has been due longest, if one is due at `now`. It counts as having come when it was
+  /// Runs the tick that has been due longest, if one is due. It counts as having come when it was
   /// due, unless it is later than a whole interval: so ticks keep their rhythm and a pause causes no burst.
-  void runDueTick(Moment now);
+  void runDueTick();
 
  protected:
+  /// The desktop's own clock, which never goes back.
+  virtual Moment now() const = 0;
+
   /// Puts a screen that has been loaded on the display, or brings it to the front when it is there.
   virtual void present(Screen& screen) = 0;
 
@@ -145,6 +148,7 @@ class Desktop {
   virtual void announce(const std::string& words) = 0;
 
  private:
+  void handleAt(Moment moment, const std::function<void()>& handler);
   Timer* earliestTimer() const;
   void startTimers();
   void destroyClosed();
@@ -156,7 +160,7 @@ class Desktop {
   bool handling_ = false;
   std::string words_;  // Said by the running handler.
   std::string lastSaid_;
-  Moment lastPress_{};  // Of a mouse button.
+  Moment lastPress_{};  // Of a mouse button, by the window system's clock.
   int presses_ = 0;
 };
 

@@ -19,8 +19,8 @@ std::filesystem::path fileNamed(std::string_view name);
 /// ordinary file: a pipe of that name would hold the program up for ever.
 std::optional<std::string> readFile(std::string_view name, std::size_t most);
 
-/// Replaces what the file that `name` stands for holds, or makes it. False when it is there but no ordinary
-/// file, which is then left alone, or when not everything could be written.
-bool writeFile(std::string_view name, std::string_view contents);
+/// Replaces what the file that `name` stands for holds, or makes it. What is there but no ordinary file is
+/// left alone; what cannot be written is not reported.
+void writeFile(std::string_view name, std::string_view contents);
 
 }  // namespace platform

@@ -4,26 +4,26 @@
 namespace platform {
 
 /// A key by what it is called; any letter, in upper case, or digit that has no name here is itself:
-/// `Key{'4'}`.
-enum class Key : char {
-  BackTab = 1,  ///< Tab with Shift.
-  Left,
-  Right,
-  Up,
-  Down,
-  PageUp,
-  PageDown,
-  Backspace = '\b',
-  Tab = '\t',
-  F1,
-  Return = '\r',
-  Escape = 27,
+/// `Key{'4'}`. What is no character has a number beyond those.
+enum class Key : int {
   Space = ' ',
   D = 'D',
   R = 'R',
   S = 'S',
   T = 'T',
   W = 'W',
+  Tab = 256,
+  BackTab,  ///< Tab with Shift.
+  Left,
+  Right,
+  Up,
+  Down,
+  PageUp,
+  PageDown,
+  Backspace,
+  F1,
+  Return,
+  Escape,
 };
 
 }  // namespace platform

@@ -14,6 +14,7 @@
 #include <string_view>
 
 #include "platform/key.h"
+#include "platform/timer.h"
 
 namespace platform {
 
@@ -89,6 +90,7 @@ struct MouseEvent {
   int buttons = 0;  ///< Bit mask of the buttons held: 1 left, 2 right, 4 middle.
   float x = 0;      ///< Twips from the left edge; may lie outside.
   float y = 0;      ///< Twips from the top edge.
+  Moment time{};    ///< When it happened, by the window system's own clock.
 };
 
 inline constexpr int leftButton = 1;

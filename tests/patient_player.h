@@ -14,7 +14,7 @@ class PatientPlayer {
   /// Lets go of what the mouse holds.
   void letGo() {
     for (const auto& screen : desktop_.openScreens()) {
-      desktop_.releaseMouse(desktop_.now(), *screen, {}, platform::leftButton);
+      desktop_.releaseMouse(*screen, {}, platform::leftButton);
     }
     desktop_.advance(1000);  // What follows is no double click.
   }

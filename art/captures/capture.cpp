@@ -31,12 +31,12 @@ class Photographer {
   }
 
   void show(std::string_view name, bool visible) {
-    desktop_.handle(desktop_.now(), [&] { at(name).visible = visible; });
+    desktop_.handle([&] { at(name).visible = visible; });
   }
 
   /// Shows these faces; a digit in `icons` says on which icon the die lies, '-' that it is at home.
   void layDice(std::string_view faces, std::string_view icons) {
-    desktop_.handle(desktop_.now(), [&] {
+    desktop_.handle([&] {
       at("Label8").visible = at("Label10").visible = true;
       for (std::size_t i = 0; i < faces.size(); ++i) {
         platform::Widget& die = at(platform::indexed("Label4", i));

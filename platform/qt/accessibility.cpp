@@ -145,10 +145,10 @@ class AccessibleView final : public QAccessibleWidget {
     if (!actionNames().contains(action)) return;
     Widget& widget = *std::find(screen()->widgets().begin(), screen()->widgets().end(), &view_.widget())[0];
     QtDesktop& desktop = screenWindow().desktop();
-    if (action != setFocusAction() && desktop.click(desktop.now(), widget)) return;
-    desktop.handle(desktop.now(), [&] { screen()->setFocus(widget); });
+    if (action != setFocusAction() && desktop.click(widget)) return;
+    desktop.handle([&] { screen()->setFocus(widget); });
     // A piece is not clicked but picked up and put down.
-    if (action != setFocusAction()) desktop.pressKey(desktop.now(), *screen(), Key::Space);
+    if (action != setFocusAction()) desktop.pressKey(*screen(), Key::Space);
   }
 
  private:

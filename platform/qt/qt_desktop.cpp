@@ -24,7 +24,7 @@ QtDesktop::QtDesktop() {
   ticker_.setTimerType(Qt::PreciseTimer);
   ticker_.setSingleShot(true);
   ticker_.callOnTimeout([this] {
-    runDueTick(now());
+    runDueTick();
     armTicker();
   });
 }
@@ -36,7 +36,7 @@ QtDesktop::~QtDesktop() {
 }
 
 void QtDesktop::start(std::string_view screen) {
-  handle(now(), [&] { show(screen); });
+  handle([&] { show(screen); });
 }
 
 Size QtDesktop::displaySize() const {

@@ -39,7 +39,6 @@ class QtDesktop final : public Desktop {
 
   // --- For the windows ---
 
-  Moment now() const;
   Pictures& pictures() { return pictures_; }
   /// The frame of a window with a title bar, once it is known.
   std::optional<QMargins> titleBar() const { return titleBar_; }
@@ -53,6 +52,7 @@ class QtDesktop final : public Desktop {
   void followMinimising(const ScreenWindow& changed);
 
  private:
+  Moment now() const override;
   void present(Screen& screen) override;
   void dismiss(Screen& screen) override;
   void refresh() override;

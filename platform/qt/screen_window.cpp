@@ -39,7 +39,8 @@ int bits(Qt::MouseButtons buttons) {
 
 MouseEvent mouseFrom(const QMouseEvent& event) {
   const QPointF at = event.position() * static_cast<qreal>(twipsPerPixel);
-  return {bits(event.buttons()), static_cast<float>(at.x()), static_cast<float>(at.y())};
+  return {bits(event.buttons()), static_cast<float>(at.x()), static_cast<float>(at.y()),
+          std::chrono::milliseconds(event.timestamp())};
 }
 
 // A key held down presses a button once, but moves on.
@@ -254,7 +255,7 @@ void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // The desktop takes it off the display, in its order.
   // In its turn: the window system may ask while a handler runs.
   const auto close = [this] {
-    if (screen_) desktop_.handle(desktop_.now(), [this] { desktop_.unload(screen_->name()); });
+    if (screen_) desktop_.handle([this] { desktop_.unload(screen_->name()); });
   };
   QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
 }
@@ -271,24 +272,24 @@ void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ScreenWindow::mousePressEvent(QMouseEvent* event) {
-  if (screen_ == nullptr || desktop_.pressMouse(desktop_.now(), *screen_, mouseFrom(*event))) return;
+  if (screen_ == nullptr || desktop_.pressMouse(*screen_, mouseFrom(*event))) return;
   // A page without a title bar is moved by its background.
   if (screen_->frame == Frame::ThinLine && event->button() == Qt::LeftButton)
     windowHandle()->startSystemMove();
 }
 
 void ScreenWindow::mouseMoveEvent(QMouseEvent* event) {
-  if (screen_) desktop_.moveMouse(desktop_.now(), *screen_, mouseFrom(*event));
+  if (screen_) desktop_.moveMouse(*screen_, mouseFrom(*event));
 }
 
 void ScreenWindow::mouseReleaseEvent(QMouseEvent* event) {
-  if (screen_) desktop_.releaseMouse(desktop_.now(), *screen_, mouseFrom(*event), bits(event->button()));
+  if (screen_) desktop_.releaseMouse(*screen_, mouseFrom(*event), bits(event->button()));
 }
 
 void ScreenWindow::keyPressEvent(QKeyEvent* event) {
   const std::optional<Key> key = keyFrom(*event);
   if (screen_ != nullptr && key) {
-    desktop_.pressKey(desktop_.now(), *screen_, *key);
+    desktop_.pressKey(*screen_, *key);
   } else {
     QWidget::keyPressEvent(event);
   }

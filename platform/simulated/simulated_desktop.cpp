@@ -12,38 +12,39 @@ double SimulatedChance::next() {
 }
 
 void SimulatedDesktop::start(std::string_view screen) {
-  handle(now_, [&] { show(screen); });
+  handle([&] { show(screen); });
 }
 
 void SimulatedDesktop::advance(int milliseconds) {
   const Moment end = now_ + std::chrono::milliseconds(milliseconds);
   for (auto due = nextTick(); due && *due <= end; due = nextTick()) {
     now_ = std::max(now_, *due);
-    runDueTick(now_);
+    runDueTick();
   }
   now_ = end;
 }
 
 bool SimulatedDesktop::click(std::string_view screen, std::string_view name) {
   Widget* clicked = widget(screen, name);
-  return clicked != nullptr && click(now_, *clicked);
+  return clicked != nullptr && click(*clicked);
 }
 
 void SimulatedDesktop::drag(std::string_view screen, MouseEvent from, MouseEvent to) {
   Screen* shown = find(screen);
   if (!shown) return;
-  pressMouse(now_, *shown, from);
-  moveMouse(now_, *shown, to);
+  from.time = now_;
+  pressMouse(*shown, from);
+  moveMouse(*shown, to);
   const int button = std::exchange(to.buttons, 0);
-  releaseMouse(now_, *shown, to, button);
+  releaseMouse(*shown, to, button);
 }
 
 void SimulatedDesktop::pressKey(std::string_view screen, Key key) {
-  if (Screen* shown = find(screen)) pressKey(now_, *shown, key);
+  if (Screen* shown = find(screen)) pressKey(*shown, key);
 }
 
 void SimulatedDesktop::closeWindow(std::string_view screen) {
-  handle(now_, [&] { unload(screen); });
+  handle([&] { unload(screen); });
 }
 
 Widget* SimulatedDesktop::widget(std::string_view screen, std::string_view name) const {

@@ -41,13 +41,16 @@ class SimulatedDesktop final : public Desktop {
   int refreshes = 0;                   ///< How often the view was brought up to date.
   bool ended = false;
 
-  Moment now() const { return now_; }
+  Moment now() const override { return now_; }
 
   /// Shows a screen from outside any handler, as the start of the program does.
   void start(std::string_view screen);
 
   /// Moves the clock on, with every tick that is due on the way, the last moment included.
   void advance(int milliseconds);
+
+  /// Moves the clock on without a tick, as on a machine that has no time for the program.
+  void stall(int milliseconds) { now_ += std::chrono::milliseconds(milliseconds); }
 
   using Desktop::click;
 

@@ -88,9 +88,8 @@ TEST(ComputersTurn, WaitsForFacesThatABusyDisplayShowsLate) {
                                              std::tuple(10100, 1700, "100 hhhh0T 0 SCORED wateresplash; ")}) {
     Onlooker program;
     program.watch(from, lostWithShipManned.throws);
-    const auto end = program.desktop.now() + duration * 1ms;
-    while (program.desktop.nextTick().value_or(end + 1ms) <= end) program.desktop.runDueTick(end);
-    program.desktop.advance(duration);
+    program.desktop.stall(duration);
+    program.desktop.advance(0);
     EXPECT_EQ(program.watch(800), next);
   }
 }

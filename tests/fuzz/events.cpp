@@ -196,15 +196,16 @@ class Game : tests::SimulatedProgram {
   }
   void press() {
     mouse_.buttons |= button();
-    if (open()) desktop.pressMouse(desktop.now(), *screen_, mouse_);
+    mouse_.time = desktop.now();
+    if (open()) desktop.pressMouse(*screen_, mouse_);
   }
   void move() {
-    if (open()) desktop.moveMouse(desktop.now(), *screen_, mouse_);
+    if (open()) desktop.moveMouse(*screen_, mouse_);
   }
   void release() {
     const int released = button();
     mouse_.buttons &= ~released;
-    if (open()) desktop.releaseMouse(desktop.now(), *screen_, mouse_, released);
+    if (open()) desktop.releaseMouse(*screen_, mouse_, released);
   }
 
   void wait(int milliseconds) {

@@ -124,7 +124,7 @@ TEST(Keys, FindTheirWayOverTheBoard) {
   tests::SimulatedProgram other(2);
   other.throwFaces("66666");
   EXPECT_EQ(focus(other), "");
-  other.desktop.pressMouse(other.desktop.now(), *other.desktop.find(other.board), other.middleOf(0));
+  other.desktop.pressMouse(*other.desktop.find(other.board), other.middleOf(0));
   press(other, "t6");
   EXPECT_EQ(other.places() + focus(other), "hhhhh");
 }

@@ -1,6 +1,5 @@
 // A game that is left with Exit and taken up again from the title screen, through the file "lastgame.inf".
-#include <cerrno>
-#include <fcntl.h>
+#include <csignal>
 #include <fstream>
 #include <map>
 #include <random>
@@ -13,35 +12,6 @@
 namespace {
 
 constexpr const char* fileName = "lastgame.inf";
-
-struct Fault {
-  int callsLeft = -1;  // Before the one that fails; less than 0: none does.
-  int error = 0;
-  bool armed = false;
-};
-
-Fault& fault() {
-  static Fault one;
-  return one;
-}
-
-/// Has a call to the system fail with this error, the one after so many others; -1: none. Whether the call
-/// that was asked for last has failed.
-bool failCall(int call, int error) {
-  const Fault before = std::exchange(fault(), {call, error, call >= 0});
-  return before.armed && before.callsLeft < 0;
-}
-
-bool fails() {
-  const bool failing = fault().armed && fault().callsLeft-- == 0;
-  if (failing) errno = fault().error;
-  return failing;
-}
-
-// While calls are to fail, reads and writes come in small pieces, so that there are many of them.
-std::size_t piece(std::size_t size) {
-  return fault().armed ? std::min<std::size_t>(size, 7) : size;
-}
 
 /// In a folder of its own. A test that hangs is ended.
 struct Program : tests::EmptyFolder, tests::SimulatedProgram {
@@ -146,41 +116,8 @@ TEST(SavedGame, IsTakenUpOnlyWhole) {
   }
 }
 
-TEST(SavedGame, IsLostOnlyByTheCallThatFails) {
-  const std::string whole = Program::lines("3,1,2,0,14,9,7,0,1,0,");
-  const std::string next = Program::lines("3,0,1,0,0,0,0,0,1,1,");
-  for (const bool whileSaving : {true, false}) {
-    for (const int error : {EIO, ENOSPC, EINTR}) {
-      bool failed = true;
-      for (int call = 0; failed; ++call) {
-        SCOPED_TRACE(testing::Message() << (whileSaving ? "save" : "restore") << " " << error << " " << call);
-        Program program;
-        ASSERT_LT(call, 100);
-        EXPECT_EQ(program.restart(whole), "tolvane");
-        if (!whileSaving) program.leave();
-        failCall(call, error);
-        const std::string kept = whileSaving ? program.leave() : program.restart("");
-        failed = failCall(-1, 0);
-        EXPECT_TRUE(failed || call > 4);
-        if (!failed || (error == EINTR && call > 2)) {  // A read or a write is tried again.
-          EXPECT_EQ(kept, whileSaving ? whole : "tolvane");
-        }
-        // A save that failed leaves the beginning of the game; a restore that failed leaves the whole game.
-        if (whileSaving) {
-          EXPECT_TRUE(whole.starts_with(kept));
-          EXPECT_EQ(program.restart(""), kept == whole ? "tolvane" : "Titlefrm");
-        } else if (kept == "Titlefrm") {
-          EXPECT_EQ(program.restart(""), "tolvane");
-        }
-        const bool opened = program.desktop.find("tolvane") != nullptr;
-        if (!opened) program.openBoard(3);
-        EXPECT_EQ(program.leave(), opened ? whole : next) << "the next save works";
-      }
-    }
-  }
-}
-
 TEST(SavedGame, MayBeMoreThanThePlayerMayWrite) {
+  std::signal(SIGXFSZ, SIG_IGN);  // As the program does.
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
   for (const rlim_t most : {0U, 5U}) {
@@ -248,35 +185,3 @@ TEST(SavedGame, IsResumedAtAnySeatInAnyRound) {
 }
 
 }  // namespace
-
-// Where the linker leads the calls to the system that are made in this program.
-// NOLINTBEGIN(bugprone-reserved-identifier)
-extern "C" {
-int __real_open(const char* path, int flags, mode_t mode);
-int __real_fstat(int file, struct stat* about);
-int __real_ftruncate(int file, off_t length);
-int __real_close(int file);
-ssize_t __real_read(int file, void* data, std::size_t size);
-ssize_t __real_write(int file, const void* data, std::size_t size);
-
-int __wrap_open(const char* path, int flags, mode_t mode) {
-  return fails() ? -1 : __real_open(path, flags, mode);
-}
-int __wrap_fstat(int file, struct stat* about) {
-  return fails() ? -1 : __real_fstat(file, about);
-}
-int __wrap_ftruncate(int file, off_t length) {
-  return fails() ? -1 : __real_ftruncate(file, length);
-}
-int __wrap_close(int file) {
-  const bool failing = fails();  // The file is closed all the same.
-  return __real_close(file) != 0 || failing ? -1 : 0;
-}
-ssize_t __wrap_read(int file, void* data, std::size_t size) {
-  return fails() ? -1 : __real_read(file, data, piece(size));
-}
-ssize_t __wrap_write(int file, const void* data, std::size_t size) {
-  return fails() ? -1 : __real_write(file, data, piece(size));
-}
-}
-// NOLINTEND(bugprone-reserved-identifier)
