@@ -73,7 +73,7 @@ class Desktop {
 
   /// Starts the sound file and returns at once; a sound still playing is cut off. The desktop's alert is
   /// heard when the file cannot be played, nothing when there is no sound device.
-  virtual void playSound(std::string_view path) = 0;
+  virtual void playwav(std::string_view path) = 0;
 
   /// Hands a web address, or a file in the current directory, to the program that opens such things. Nothing
   /// happens when there is no such file or program.

@@ -49,7 +49,7 @@ std::optional<Size> QtDesktop::readPicture(std::string_view path) {
   return pictures_.load(path);
 }
 
-void QtDesktop::playSound(std::string_view path) {
+void QtDesktop::playwav(std::string_view path) {
   sounds_.play(path);
 }
 

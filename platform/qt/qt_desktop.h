@@ -1,6 +1,7 @@
 // The desktop on Qt: real windows, a real mouse, real sound.
 #pragma once
 
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QMargins>
 #include <QTimer>
@@ -31,7 +32,7 @@ class QtDesktop final : public Desktop {
 
   Size displaySize() const override;
   std::optional<Size> readPicture(std::string_view path) override;
-  void playSound(std::string_view path) override;
+  void playwav(std::string_view path) override;
   void openDocument(std::string_view target) override;
   void setPointer(Pointer pointer) override;
   void endProgram() override;
@@ -69,7 +70,7 @@ class QtDesktop final : public Desktop {
   QTimer ticker_;  // Wakes for the next tick of any screen's timer.
   ClockChance chance_;
   Pictures pictures_;
-  SoundPlayer sounds_;
+  SoundPlayer sounds_{QApplication::beep};
   Accessibility accessibility_;
   std::optional<QMargins> titleBar_;
   std::map<const Screen*, ScreenWindow*> windows_;  // All but the backdrop's.

@@ -2,61 +2,79 @@
 
 #include <QApplication>
 #include <QLibrary>
-#include <memory>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <thread>
 #include <utility>
 
 #include "platform/files.h"
-#include "platform/qt/sound_output.h"
+#include "platform/qt/play_wave.h"
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
 
 namespace platform::qt {
 
-SoundPlayer::SoundPlayer() {
-  connect(this, &SoundPlayer::failed, this, [] { QApplication::beep(); });
+struct SoundPlayer::Shared {
+  bool newer() const { return ending || newest; }
+
+  std::function<void()> alert;
+  std::mutex mutex;  // Guards what follows.
+  std::condition_variable changed;
+  std::optional<std::string> newest;  // The sound that is asked for.
+  steady_clock::time_point asked;     // When that was.
+  bool ending = false;
+};
+
+SoundPlayer::SoundPlayer(std::function<void()> alert) : shared_(std::make_shared<Shared>()) {
+  shared_->alert = std::move(alert);
 }
 
 SoundPlayer::~SoundPlayer() {
+  if (!ended_.valid()) return;
   {
-    const std::lock_guard lock(mutex_);
-    ending_ = true;
-    if (output_) output_->wake();
+    const std::lock_guard lock(shared_->mutex);
+    shared_->ending = true;
   }
-  if (thread_.joinable()) thread_.join();
+  shared_->changed.notify_one();
+  ended_.wait_for(100ms);  // A thread that waits for a server that hangs is left behind.
 }
 
 void SoundPlayer::play(std::string_view path) {
   {
-    const std::lock_guard lock(mutex_);
-    newest_ = path;
-    if (output_) output_->wake();
+    const std::lock_guard lock(shared_->mutex);
+    shared_->newest = path;
+    shared_->asked = steady_clock::now();
   }
-  if (!thread_.joinable()) {
-    thread_ = std::thread(&SoundPlayer::work, this, QApplication::applicationDirPath() + '/' + soundModule);
-  }
+  shared_->changed.notify_one();
+  if (ended_.valid()) return;
+  const QString module = QCoreApplication::applicationDirPath() + QStringLiteral("/tolvane-sound");
+  std::packaged_task<void()> task([shared = shared_, module] { work(shared, module); });
+  ended_ = task.get_future();
+  std::thread(std::move(task)).detach();
 }
 
-void SoundPlayer::work(const QString& module) {
-  auto* make = reinterpret_cast<MakeSoundOutput*>(QLibrary::resolve(module, makeSoundOutput));
-  const std::unique_ptr<SoundOutput> output(make ? make() : nullptr);
-  if (!output) return;  // Silence.
-  letWake(output.get());
-  bool going = true;
-  while (going) {
-    std::optional<std::string> sound;
-    {
-      const std::lock_guard lock(mutex_);
-      if (ending_) break;
-      sound = std::exchange(newest_, std::nullopt);
-    }
-    constexpr std::size_t largestFile = 64 << 20;
-    if (sound && !output->play(readFile(*sound, largestFile).value_or(""))) emit failed();
-    going = output->attend();
+void SoundPlayer::work(const std::shared_ptr<Shared>& shared, const QString& module) {
+  auto* playWave = reinterpret_cast<PlayWave*>(QLibrary::resolve(module, "playWave"));
+  if (!playWave) return;  // Silence.
+  const auto newer = [&](std::chrono::microseconds wait) {
+    std::unique_lock lock(shared->mutex);
+    return shared->changed.wait_for(lock, wait, [&] { return shared->newer(); });
+  };
+  while (true) {
+    std::unique_lock lock(shared->mutex);
+    shared->changed.wait(lock, [&] { return shared->newer(); });
+    if (shared->ending) return;
+    const std::string name = *std::exchange(shared->newest, std::nullopt);
+    const auto latest = shared->asked + 1s;  // Whoever clicked has gone on by then.
+    lock.unlock();
+    const std::filesystem::path file = fileNamed(name);
+    std::error_code failure;
+    if (std::filesystem::is_regular_file(file, failure) && playWave(file, latest, newer)) continue;
+    lock.lock();
+    if (!shared->ending) QMetaObject::invokeMethod(qApp, shared->alert, Qt::QueuedConnection);
   }
-  letWake(nullptr);
-}
-
-void SoundPlayer::letWake(SoundOutput* output) {
-  const std::lock_guard lock(mutex_);
-  output_ = output;
 }
 
 }  // namespace platform::qt

@@ -1,43 +1,34 @@
 // Sounds from files, one at a time.
 #pragma once
 
-#include <QObject>
-#include <mutex>
-#include <optional>
-#include <string>
+#include <QString>
+#include <functional>
+#include <future>
+#include <memory>
 #include <string_view>
-#include <thread>
 
 namespace platform::qt {
-
-class SoundOutput;
 
 /// Plays on a thread of its own, which starts with the first sound: reading a file and looking for the sound
 /// server can take long, and neither the start of the program nor a handler nor its end waits for it. Needs a
 /// QApplication.
-class SoundPlayer final : public QObject {
-  Q_OBJECT
-
+class SoundPlayer {
  public:
-  SoundPlayer();
-  ~SoundPlayer() override;
+  /// `alert` is called in the application's thread when a file cannot be played.
+  explicit SoundPlayer(std::function<void()> alert);
+  ~SoundPlayer();
+  SoundPlayer(const SoundPlayer&) = delete;
+  SoundPlayer& operator=(const SoundPlayer&) = delete;
 
   /// Starts the sound file and returns at once; a sound still playing is cut off.
   void play(std::string_view path);
 
- signals:
-  /// The file cannot be played.
-  void failed();
-
  private:
-  void work(const QString& module);
-  void letWake(SoundOutput* output);
+  struct Shared;
+  static void work(const std::shared_ptr<Shared>& shared, const QString& module);
 
-  std::thread thread_;
-  std::mutex mutex_;                   // Guards what follows.
-  std::optional<std::string> newest_;  // The sound that is asked for.
-  SoundOutput* output_ = nullptr;      // The thread's, while it can be woken.
-  bool ending_ = false;
+  std::shared_ptr<Shared> shared_;  // With the thread, which may outlive the player.
+  std::future<void> ended_;         // The thread's end; none before the first sound.
 };
 
 }  // namespace platform::qt

@@ -78,7 +78,7 @@ class SimulatedDesktop final : public Desktop {
 
   Size displaySize() const override { return display; }
   std::optional<Size> readPicture(std::string_view path) override;
-  void playSound(std::string_view path) override { sounds.emplace_back(path); }
+  void playwav(std::string_view path) override { sounds.emplace_back(path); }
   void openDocument(std::string_view target) override { documents.emplace_back(target); }
   void setPointer(Pointer pointer) override { pointers.push_back(pointer); }
   void endProgram() override { ended = true; }

@@ -14,8 +14,7 @@
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
-  platform::qt::SoundPlayer player;
-  QObject::connect(&player, &platform::qt::SoundPlayer::failed, [] { std::puts("alert"); });
+  platform::qt::SoundPlayer player([] { std::puts("alert"); });
   QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
   std::string asked;
   QObject::connect(&input, &QSocketNotifier::activated, [&] {
