@@ -3,11 +3,10 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QSocketNotifier>
-#include <array>
 #include <cstdio>
+#include <iostream>
 #include <string>
-#include <unistd.h>
+#include <thread>
 
 #include "platform/qt/sound_player.h"
 
@@ -15,20 +14,14 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
   platform::qt::SoundPlayer player([] { std::puts("alert"); });
-  QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-  std::string asked;
-  QObject::connect(&input, &QSocketNotifier::activated, [&] {
-    std::array<char, 4096> block{};
-    const ssize_t got = read(STDIN_FILENO, block.data(), block.size());
-    if (got <= 0) return QApplication::quit();
-    asked.append(block.data(), static_cast<std::size_t>(got));
-    for (auto end = asked.find('\n'); end != std::string::npos; end = asked.find('\n')) {
+  const std::jthread input([&] {
+    for (std::string path; std::getline(std::cin, path);) {
       QElapsedTimer clock;
       clock.start();
-      player.play(asked.substr(0, end));
+      player.play(path);
       std::printf("call %.3f\n", static_cast<double>(clock.nsecsElapsed()) / 1e6);
-      asked.erase(0, end + 1);
     }
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
   });
   return QApplication::exec();
 }
