@@ -14,7 +14,6 @@ class tolvanecomputer final : public game::tolvane {
   void load() override;
 
  protected:
-  void layOutTotals() override {}
   void showTotals() override;
   bool personToPlay() const override;
   void beginTurn() override;

@@ -25,7 +25,7 @@ constexpr std::array<std::array<float, seats.size()>, seats.size() + 1> totalsLe
 }  // namespace
 
 tolvane::tolvane(platform::Desktop& desktop, GameOptions& options, GameState& state, std::string_view name)
-    : Screen(desktop, name), options_(options), state_(state) {
+    : Table(desktop, name), options_(options), state_(state) {
   caption = "Tolvane";
   client = {11895, 8445};
   layOutWidgets();
@@ -112,7 +112,6 @@ void tolvane::load() {
   background = {41, 65, 137};
   loadPicture(desktop(), Image2, R"(Images\logo3.jpg)");
   for (std::size_t i = 0; i < icons.size(); ++i) loadPicture(desktop(), Image1[i], icons[i].picture);
-  layOutTotals();
   if (options_.restoreSavedGame == 0) {
     state_ = {.currentSeat = 0, .roundNumber = 1, .seatScore = {}};
   }
@@ -125,7 +124,10 @@ void tolvane::load() {
   say("Tolvane. " + turnTold() + (personToPlay() ? " T throws the dice." : ""));
 }
 
-void tolvane::layOutTotals() {
+void tolvane::showTotals() {
+  for (std::size_t seat = 0; seat < seats.size(); ++seat) {
+    Label5[seat].text = std::to_string(state_.seatScore[seat]);
+  }
   const auto playing = static_cast<std::size_t>(options_.playerCount);
   if (playing < 2 || playing >= totalsLeft.size()) return;
   for (std::size_t seat = 0; seat < seats.size(); ++seat) {
@@ -134,17 +136,41 @@ void tolvane::layOutTotals() {
   }
 }
 
-void tolvane::showTotals() {
-  for (std::size_t seat = 0; seat < seats.size(); ++seat) {
-    Label5[seat].text = std::to_string(state_.seatScore[seat]);
+void tolvane::clickButton(std::size_t button) {
+  if (button == throwButton) {
+    if (refuses(whyNothingMoves())) return;
+    if (Label2[throwButton].enabled) {
+      throwdice();
+    } else {
+      say("No throws left. Set all five dice aside.");
+    }
+  } else if (Timer1.enabled()) {
+    say("Turn over.");
+  } else if (button == exitButton) {
+    leave();
+  } else {
+    startNewGame();
   }
 }
 
-void tolvane::clickButton(std::size_t button) {
-  if (Timer1.enabled()) return;
-  if (button == exitButton) leave();
-  if (button == throwButton && mayThrow()) throwdice();
-  if (button == newGameButton) startNewGame();
+// What keeps the dice from being thrown and moved, in words; nothing when they may be.
+std::string_view tolvane::whyNothingMoves() const {
+  if (state_.roundNumber > roundsPerGame) return "End of game.";
+  if (Timer1.enabled()) return "Turn over.";
+  if (!personToPlay()) return "The computer is playing.";
+  if (Timer5.enabled() || Timer8.enabled()) return "Rolling.";
+  return {};
+}
+
+std::string_view tolvane::whyNoDieMoves() const {
+  const std::string_view reason = whyNothingMoves();
+  return reason.empty() && board_.throwCount == 0 ? "Throw the dice first." : reason;
+}
+
+// Whether there is such a reason, which is said.
+bool tolvane::refuses(std::string_view reason) {
+  if (!reason.empty()) say(reason);
+  return !reason.empty();
 }
 
 void tolvane::startNewGame() {

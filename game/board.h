@@ -11,15 +11,15 @@
 #include <string_view>
 #include <vector>
 
-#include "game/icons.h"
 #include "game/options.h"
 #include "game/state.h"
+#include "game/table.h"
 #include "platform/desktop.h"
 #include "screens/shell/screen_names.h"
 
 namespace game {
 
-class tolvane : public platform::Screen {
+class tolvane : public Table {
  public:
   tolvane(platform::Desktop& desktop, GameOptions& options, GameState& state,
           std::string_view name = shell::board);
@@ -43,9 +43,7 @@ class tolvane : public platform::Screen {
  protected:
   // What a board with other players does differently.
 
-  /// Puts the score displays of the seats in play at their places and hides the others.
-  virtual void layOutTotals();
-  /// Shows the totals that the board opens with.
+  /// Shows the totals that the board opens with, those of the seats in play at their places.
   virtual void showTotals();
   /// Whether a person plays the seat whose turn it is: only then is Throw Dice heard and may dice be moved.
   virtual bool personToPlay() const { return true; }
@@ -54,7 +52,6 @@ class tolvane : public platform::Screen {
   /// Drops whatever the board would still do by itself in the turn under way.
   virtual void abandonTurn() {}
 
-  bool atHome(std::size_t die) const;
   void reveal();
   void play(std::string_view sound);
   void say(std::string_view words) { desktop().say(words); }
@@ -75,15 +72,12 @@ class tolvane : public platform::Screen {
   static constexpr std::size_t newGameButton = 4;
 
   platform::Widget Shape1;                            // The frame around the column of icons.
-  std::array<platform::Widget, icons.size()> Image1;  // The icons.
   platform::Widget Image2;                            // The logo.
   platform::Widget Label1;                            // Status line: whose turn it is.
   platform::WidgetArray Label2;                       // The buttons.
   platform::WidgetArray Label3;                       // 0 to 4 the icons' names; 7, 8 and 9 their values.
-  std::array<platform::Widget, diceCount> Label4;     // The dice.
   std::array<platform::Widget, seats.size()> Label5;  // The totals of the seats.
   platform::Widget Label6;                            // Round line.
-  std::array<platform::Widget, diceCount> Label7;     // The home markers of the dice.
   platform::Widget Label8;                            // Throw counter.
   platform::Widget Label9;                            // Turn score line.
   platform::Widget Label10;                           // The hint to drag the dice.
@@ -101,22 +95,16 @@ class tolvane : public platform::Screen {
   void layOutWidgets();
   void connectHandlers();
   void clickButton(std::size_t button);
+  std::string_view whyNothingMoves() const;
+  std::string_view whyNoDieMoves() const;
+  bool refuses(std::string_view reason);
   void startNewGame();
   void leave();
 
-  bool mayThrow() const;
   void roll();
 
   void dieMouseMove(std::size_t die, const platform::MouseEvent& mouse);
   void dieMouseUp(std::size_t die);
-  bool maySetAside(std::size_t die) const;
-  void moveTo(std::size_t die, const platform::Widget& place);
-  int diceOn(const platform::Widget& icon) const;
-  std::optional<std::size_t> iconUnder(const platform::Widget& piece) const;
-
-  bool anyDieShows(char face) const;
-  int pointsOn(IconKind icon) const;
-  void showTurnScore(int points);
 
   void handover();
   void presentSeat();
@@ -125,26 +113,18 @@ class tolvane : public platform::Screen {
 
   void flashWinner();
 
-  void throwByKey();
   void setAsideByKey(char face);
   void takeBackLast();
   bool useFocus();
-  bool mayMoveByKey();
-  std::string_view whyNothingMoves() const;
   void carry(std::size_t die, const platform::Widget& place);
 
   std::string dieTold(std::size_t die) const;
   std::string placeTold(std::size_t die) const;
-  static std::string takesTold(std::size_t icon);
-  std::string facesOn(const platform::Widget& icon) const;
-  std::string facesInRow() const;
   std::string diceTold() const;
   std::string totalsTold() const;
   std::string turnTold() const;
   std::string seatToPlay() const;
-  void sayThrow();
   void sayRefusal(std::size_t icon);
-  void sayTurnOver(int points);
 
   std::vector<std::size_t> setAside_;    // The dice on icons, in the order in which they were dropped there.
   std::optional<std::size_t> pickedUp_;  // The die that the keyboard has picked up.

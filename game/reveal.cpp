@@ -11,7 +11,8 @@ void tolvane::reveal() {
   ++board_.diceSettled;
   if (board_.diceSettled < diceCount) return;
   Timer5.disable();
-  sayThrow();
+  const std::string row = facesInRow();
+  say("Throw " + std::to_string(board_.throwCount) + (row.empty() ? "." : ": " + row + "."));
   if (board_.throwCount == throwsPerTurn) checkturnover();
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 #include "platform/files.h"
@@ -16,6 +17,9 @@ constexpr std::string_view fileName = "lastgame.inf";
 
 // More than ten lines with the widest numbers and generous blanks can need.
 constexpr std::size_t longestFile = 4096;
+
+// A total may have grown beyond it.
+constexpr int mostReadBack = std::numeric_limits<std::int16_t>::max();
 
 // The first nine values, in the order of the lines; of a game or of a game that is only read.
 template <typename Game>
@@ -55,7 +59,7 @@ bool within(int value, int least, int most) {
 
 std::string savedGameText(const SavedGame& game) {
   std::string text;
-  for (const int* value : wholeNumbers(game)) text += std::to_string(*value) + "\r\n";
+  for (const int* value : wholeNumbers(game)) text += std::to_string(std::min(*value, mostReadBack)) + "\r\n";
   return text + std::to_string(game.options.hideDesktop) + "\r\n";
 }
 
@@ -74,11 +78,8 @@ bool readSavedGame(std::string_view text, SavedGame& game) {
 
 bool isPlayable(const SavedGame& game) {
   const int seatsInPlay = game.options.computerOpponent != 0 ? 2 : game.options.playerCount;
-  constexpr int mostPoints = roundsPerGame * 12;
   return within(game.options.playerCount, 2, 4) && within(game.state.currentSeat, 0, seatsInPlay - 1) &&
-         within(game.state.roundNumber, 1, roundsPerGame) &&
-         std::all_of(game.state.seatScore.begin(), game.state.seatScore.end(),
-                     [](int total) { return within(total, 0, mostPoints); });
+         within(game.state.roundNumber, 1, roundsPerGame);
 }
 
 void save(const SavedGame& game) {

@@ -1,6 +1,5 @@
 #include "game/setting_aside.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "game/board.h"
@@ -22,25 +21,11 @@ bool accepts(IconKind icon, std::string_view face, bool occupied) {
   return wanted == anyFace ? !occupied : face == std::string_view(&wanted, 1);
 }
 
-void tolvane::moveTo(std::size_t die, const platform::Widget& place) {
-  Label4[die].left = place.left;
-  Label4[die].top = place.top;
-}
-
-bool tolvane::atHome(std::size_t die) const {
-  return samePlace(Label4[die], Label7[die]);
-}
-
-bool tolvane::maySetAside(std::size_t die) const {
-  return !board_.turnOver && !Timer1.enabled() && !Timer5.enabled() && !Timer8.enabled() &&
-         !Label4[die].text.empty();
-}
-
 void tolvane::dieMouseMove(std::size_t die, const platform::MouseEvent& mouse) {
   if (!personToPlay()) return;
   platform::Widget& dragged = Label4[die];
   bringToFront(dragged);
-  if (!maySetAside(die) || mouse.buttons != 1) return;
+  if (!whyNoDieMoves().empty() || mouse.buttons != 1) return;
   dragged.left += mouse.x - dragged.width / 2;
   dragged.top += mouse.y - dragged.height / 2;
   // A die lies on an icon only once it is dropped there; until then it is not in its own way.
@@ -48,14 +33,15 @@ void tolvane::dieMouseMove(std::size_t die, const platform::MouseEvent& mouse) {
 }
 
 void tolvane::dieMouseUp(std::size_t die) {
-  if (!personToPlay() || !maySetAside(die)) return;
+  if (!whyNoDieMoves().empty()) return;
   platform::Widget& dropped = Label4[die];
+  if (pickedUp_ == die) pickedUp_.reset();
+  const bool wasSetAside = std::erase(setAside_, die) > 0;
   bool refused = false;
   for (std::size_t icon = 0; icon < icons.size(); ++icon) {
     if (!catches(Image1[icon], dropped)) continue;
     play(sounds::key);
-    const bool occupied = diceOn(Image1[icon]) > 0;
-    const bool taken = accepts(static_cast<IconKind>(icon), dropped.text, occupied);
+    const bool taken = accepts(static_cast<IconKind>(icon), dropped.text, !facesOn(icon).empty());
     moveTo(die, taken ? Image1[icon] : Label7[die]);
     if (taken) continue;
     refused = true;
@@ -66,24 +52,11 @@ void tolvane::dieMouseUp(std::size_t die) {
     moveTo(die, Label7[die]);
     play(sounds::click);
   }
-  if (!refused) sayWhereItLies(die);
+  if (!refused || wasSetAside) sayWhereItLies(die);
   board_.diceOnIcons = 0;
-  for (const platform::Widget& icon : Image1) board_.diceOnIcons += diceOn(icon);
-  std::erase(setAside_, die);
+  for (const platform::Widget& each : Label4) board_.diceOnIcons += iconUnder(each) ? 1 : 0;
   if (iconUnder(dropped)) setAside_.push_back(die);
   if (board_.diceOnIcons == static_cast<int>(diceCount)) checkturnover();
-}
-
-std::optional<std::size_t> tolvane::iconUnder(const platform::Widget& piece) const {
-  const auto found = std::find_if(Image1.begin(), Image1.end(),
-                                  [&piece](const platform::Widget& icon) { return samePlace(piece, icon); });
-  return found == Image1.end() ? std::nullopt
-                               : std::optional(static_cast<std::size_t>(found - Image1.begin()));
-}
-
-int tolvane::diceOn(const platform::Widget& icon) const {
-  return static_cast<int>(std::count_if(
-      Label4.begin(), Label4.end(), [&icon](const platform::Widget& die) { return samePlace(die, icon); }));
 }
 
 }  // namespace game

@@ -25,11 +25,6 @@ std::string rollingFace(platform::Chance& chance) {
   return std::to_string(drawBelow(chance, 6) + 1);
 }
 
-bool tolvane::mayThrow() const {
-  const bool gameOver = state_.roundNumber > roundsPerGame;
-  return personToPlay() && !gameOver && !Timer5.enabled() && !Timer8.enabled();
-}
-
 void tolvane::throwdice() {
   Label10.visible = true;
   board_.diceOnIcons = 0;

@@ -1,33 +1,30 @@
 // The board in words, for those who do not see it: what its parts are called, and what is told as it happens.
 
 #include "game/board.h"
-#include "game/setting_aside.h"
 
 namespace game {
 
 namespace {
 
-// "3, 4, 6" is made of its parts.
-void list(std::string& text, std::string_view next) {
-  if (!text.empty()) text += ", ";
-  text += next;
-}
-
 std::string sentence(const std::string& text) {
   return text.ends_with('!') || text.ends_with('.') ? text : text + ".";
+}
+
+std::string takesTold(std::size_t icon) {
+  return icons[icon].takes == anyFace ? "takes any die" : std::string("takes a ") + icons[icon].takes;
 }
 
 }  // namespace
 
 void tolvane::nameWidgets() {
   // What may no longer be moved has left the hand.
-  if (pickedUp_ && !maySetAside(*pickedUp_)) pickedUp_.reset();
+  if (pickedUp_ && !whyNoDieMoves().empty()) pickedUp_.reset();
   for (std::size_t die = 0; die < diceCount; ++die) {
     Label4[die].spokenName = dieTold(die);
     Label4[die].pickedUp = pickedUp_ == die;
   }
   for (std::size_t icon = 0; icon < icons.size(); ++icon) {
-    const std::string faces = facesOn(Image1[icon]);
+    const std::string faces = facesOn(icon);
     Image1[icon].spokenName = std::string(icons[icon].name) + ", " + takesTold(icon) + ", " +
                               (faces.empty() ? "empty" : "has " + faces);
   }
@@ -39,36 +36,16 @@ void tolvane::nameWidgets() {
 
 std::string tolvane::dieTold(std::size_t die) const {
   const std::string number = "die " + std::to_string(die + 1);
-  const bool rolling = Timer8.enabled() && die >= board_.diceSettled && atHome(die);
-  if (rolling) return number + ", rolling";
+  if (Timer8.enabled() && die >= board_.diceSettled && atHome(die)) return number + ", rolling";
   if (Label4[die].text.empty()) return number + ", not thrown";
   return Label4[die].text + ", " + number + ", " + placeTold(die);
 }
 
 std::string tolvane::placeTold(std::size_t die) const {
   if (atHome(die)) return "in the row";
-  const auto icon = iconUnder(Label4[die]);
-  return icon ? "on " + std::string(icons[*icon].name) : "beside the icons";
-}
-
-std::string tolvane::takesTold(std::size_t icon) {
-  return icons[icon].takes == anyFace ? "takes any die" : std::string("takes a ") + icons[icon].takes;
-}
-
-std::string tolvane::facesOn(const platform::Widget& icon) const {
-  std::string faces;
-  for (const platform::Widget& die : Label4) {
-    if (samePlace(die, icon)) list(faces, die.text);
-  }
-  return faces;
-}
-
-std::string tolvane::facesInRow() const {
-  std::string faces;
-  for (std::size_t die = 0; die < diceCount; ++die) {
-    if (atHome(die)) list(faces, Label4[die].text);
-  }
-  return faces;
+  if (const auto icon = iconUnder(Label4[die])) return "on " + std::string(icons[*icon].name);
+  // What the computer moves is on its way; what a person left there stays when the turn is over.
+  return personToPlay() || board_.turnOver ? "beside the icons" : "moving";
 }
 
 std::string tolvane::diceTold() const {
@@ -77,11 +54,11 @@ std::string tolvane::diceTold() const {
   const std::string row = facesInRow();
   std::string told = "In the row: " + (row.empty() ? "none" : row) + ".";
   for (std::size_t icon = 0; icon < icons.size(); ++icon) {
-    const std::string faces = facesOn(Image1[icon]);
+    const std::string faces = facesOn(icon);
     if (!faces.empty()) told += " " + std::string(icons[icon].name) + " " + faces + ".";
   }
   for (std::size_t die = 0; die < diceCount; ++die) {
-    if (!atHome(die) && !iconUnder(Label4[die])) told += " " + Label4[die].text + " beside the icons.";
+    if (!atHome(die) && !iconUnder(Label4[die])) told += " " + Label4[die].text + " " + placeTold(die) + ".";
   }
   return told;
 }
@@ -89,20 +66,16 @@ std::string tolvane::diceTold() const {
 std::string tolvane::totalsTold() const {
   std::string told;
   for (int seat = 0; seat < options_.playerCount; ++seat) {
-    list(told, Label5[static_cast<std::size_t>(seat)].spokenName);
+    told += (seat == 0 ? "" : ", ") + Label5[static_cast<std::size_t>(seat)].spokenName;
   }
   return told + ".";
 }
 
 std::string tolvane::turnTold() const {
   std::string told = sentence(Label1.text) + " " + sentence(Label6.text);
-  if (Label8.visible) told += " " + sentence(Label8.text);
+  // New Game leaves the counter on the screen as it was.
+  if (board_.throwCount > 0) told += " " + sentence(Label8.text);
   return told;
-}
-
-void tolvane::sayThrow() {
-  const std::string row = facesInRow();
-  say("Throw " + std::to_string(board_.throwCount) + (row.empty() ? "." : ": " + row + "."));
 }
 
 void tolvane::sayWhereItLies(std::size_t die) {
@@ -114,12 +87,6 @@ void tolvane::sayWhereItLies(std::size_t die) {
 void tolvane::sayRefusal(std::size_t icon) {
   say(std::string(icons[icon].name) +
       (icons[icon].takes == anyFace ? " is taken." : " " + takesTold(icon) + "."));
-}
-
-void tolvane::sayTurnOver(int points) {
-  const platform::Widget& total = Label5[static_cast<std::size_t>(state_.currentSeat)];
-  say("Turn over. " + seatToPlay() + " scored " + std::to_string(points) + ". " + seatToPlay() + " has " +
-      total.text + ".");
 }
 
 std::string tolvane::seatToPlay() const {
