@@ -10,13 +10,13 @@ namespace game {
 
 void tolvane::endofgame() {
   board_.gameFinished = true;
-  std::array<int, seats.size()> finalScore{};
-  const auto playing = finalScore.begin() + options_.playerCount;
-  std::transform(Label5.begin(), Label5.begin() + options_.playerCount, finalScore.begin(),
-                 [](const platform::Widget& total) { return numberShown(total.text); });
-  const auto best = std::max_element(finalScore.begin(), playing);  // The first of equals.
+  std::vector<int> finalScore;
+  for (int seat = 0; seat < options_.playerCount; ++seat) {
+    finalScore.push_back(numberShown(Label5[static_cast<std::size_t>(seat)].text));
+  }
+  const auto best = std::max_element(finalScore.begin(), finalScore.end());  // The first of equals.
   board_.winnerSeat = static_cast<std::size_t>(best - finalScore.begin());
-  const bool drawFlag = std::count(finalScore.begin(), playing, *best) > 1;
+  const bool drawFlag = std::count(finalScore.begin(), finalScore.end(), *best) > 1;
   if (drawFlag) {
     Label1.text = "IT'S A DRAW";
     play(sounds::klaxon);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <sstream>
 
 #include "platform/files.h"
 
@@ -18,7 +19,7 @@ constexpr std::string_view fileName = "lastgame.inf";
 // More than ten lines with the widest numbers and generous blanks can need.
 constexpr std::size_t longestFile = 4096;
 
-// A total may have grown beyond it.
+// The largest number that is read back; a total may have grown beyond it.
 constexpr int mostReadBack = std::numeric_limits<std::int16_t>::max();
 
 // The first nine values, in the order of the lines; of a game or of a game that is only read.
@@ -29,26 +30,14 @@ auto wholeNumbers(Game& game) {
                     &game.state.seatScore[2],       &game.state.seatScore[3], &game.options.soundOn};
 }
 
-std::string_view withoutBlanks(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t\r");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
-
-// Takes the next line off the front of `text`; nothing when the text is used up.
-std::optional<std::string_view> nextLine(std::string_view& text) {
-  if (text.empty()) return std::nullopt;
-  const auto end = text.find('\n');
-  const std::string_view line = text.substr(0, end);
-  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
-  return withoutBlanks(line);
-}
-
 std::optional<int> wholeNumber(std::string_view line) {
+  constexpr std::string_view blanks = " \t\r";
+  line.remove_prefix(std::min(line.find_first_not_of(blanks), line.size()));
   std::int16_t number = 0;
   const auto [end, failure] = std::from_chars(line.data(), line.data() + line.size(), number);
-  if (failure != std::errc() || end != line.data() + line.size()) return std::nullopt;
-  return number;
+  line.remove_prefix(static_cast<std::size_t>(end - line.data()));
+  const bool good = failure == std::errc() && line.find_first_not_of(blanks) == std::string_view::npos;
+  return good ? std::optional<int>(number) : std::nullopt;
 }
 
 bool within(int value, int least, int most) {
@@ -64,15 +53,15 @@ std::string savedGameText(const SavedGame& game) {
 }
 
 bool readSavedGame(std::string_view text, SavedGame& game) {
+  std::istringstream lines{std::string(text)};
+  std::string line;
   for (int* value : wholeNumbers(game)) {
-    const auto line = nextLine(text);
-    const auto number = line ? wholeNumber(*line) : std::nullopt;
+    const auto number = std::getline(lines, line) ? wholeNumber(line) : std::nullopt;
     if (!number) return false;
     *value = *number;
   }
-  const auto last = nextLine(text);
-  if (!last) return false;
-  game.options.hideDesktop = wholeNumber(*last) == 1 ? 1 : 0;
+  if (!std::getline(lines, line)) return false;
+  game.options.hideDesktop = wholeNumber(line) == 1 ? 1 : 0;
   return true;
 }
 

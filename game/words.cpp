@@ -79,9 +79,8 @@ std::string tolvane::turnTold() const {
 }
 
 void tolvane::sayWhereItLies(std::size_t die) {
-  const std::string place = placeTold(die);
   say((personToPlay() ? "" : seatToPlay() + ": ") + Label4[die].text + (atHome(die) ? " back " : " ") +
-      place + ".");
+      placeTold(die) + ".");
 }
 
 void tolvane::sayRefusal(std::size_t icon) {

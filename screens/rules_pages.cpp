@@ -13,140 +13,103 @@ using shell::look::Box;
 
 namespace {
 
-enum class TextKind { Heading, Body, BoldBody };
-
 struct Text {
   std::size_t index;  // In `Label1`.
-  TextKind kind;
   Box box;
+  platform::Font font;
+  platform::Role role;
   std::string_view text;
 };
 
+constexpr Text heading(std::size_t index, Box box, std::string_view text) {
+  return {index, box, shell::look::arialBold(12), platform::Role::Heading, text};
+}
+
+constexpr Text body(std::size_t index, Box box, std::string_view text) {
+  return {index, box, shell::look::arial(12), platform::Role::Text, text};
+}
+
+constexpr Text boldBody(std::size_t index, Box box, std::string_view text) {
+  return {index, box, shell::look::arialBold(12), platform::Role::Text, text};
+}
+
 constexpr std::array page1Texts{
-    Text{1, TextKind::Heading, {120, 840, 2430, 285}, "Summary of the rules"},
-    Text{3,
-         TextKind::Body,
-         {120, 1320, 11415, 1005},
-         "Tolvane is a dice game that represents trading on sea voyages."},
-    Text{4,
-         TextKind::Body,
-         {120, 1800, 11295, 1605},
+    heading(1, {120, 840, 2430, 285}, "Summary of the rules"),
+    body(3, {120, 1320, 11415, 1005}, "Tolvane is a dice game that represents trading on sea voyages."),
+    body(4, {120, 1800, 11295, 1605},
          "Players take turns to throw five dice. A player may take up to three throws of the dice on their "
          "turn. After each throw, the player can choose to set aside some of the dice scores and continue to "
          "throw the remaining dice. To score on their turn, the player must throw at least one 6, one 5 and "
          "one 4. These represent the ship, the captain and the mate. The other two dice represent the profit "
-         "from the voyage and are the player's score for the round. "},
-    Text{2,
-         TextKind::Body,
-         {120, 3360, 11535, 645},
-         "After four rounds the player with the highest score is the winner. "},
-    Text{9, TextKind::Heading, {120, 4440, 2355, 285}, "Getting ready to play"},
-    Text{8,
-         TextKind::Body,
-         {120, 4920, 11655, 645},
-         "Before the game begins, the players can set the parameters of the game."},
-    Text{11,
-         TextKind::Body,
-         {120, 5400, 7935, 1245},
+         "from the voyage and are the player's score for the round. "),
+    body(2, {120, 3360, 11535, 645}, "After four rounds the player with the highest score is the winner. "),
+    heading(9, {120, 4440, 2355, 285}, "Getting ready to play"),
+    body(8, {120, 4920, 11655, 645},
+         "Before the game begins, the players can set the parameters of the game."),
+    body(11, {120, 5400, 7935, 1245},
          "The game is designed for 2 - 4 players or one player against the computer. To begin the game click "
          "the button corresponding to the number of players. Players then take their turn in the following "
-         "order: Orange, Magenta, Yellow, Green. "},
-    Text{13,
-         TextKind::Body,
-         {120, 6720, 7575, 1485},
+         "order: Orange, Magenta, Yellow, Green. "),
+    body(13, {120, 6720, 7575, 1485},
          "If there is just one player, select button '1' to play against the computer. The computer always "
-         "plays as the second player - Magenta."},
+         "plays as the second player - Magenta."),
 };
 
 constexpr std::array page2Texts{
-    Text{1, TextKind::Heading, {120, 600, 2085, 285}, "Throwing the Dice"},
-    Text{
-        2,
-        TextKind::Body,
-        {120, 1080, 11415, 885},
-        "The player whose turn it is clicks the button labelled 'Throw Dice'. Five numbers are then randomly "
-        "generated, corresponding to the dice throw. Depending on the scores on the dice, the player may "
-        "decide to set aside some of the dice before throwing the remaining dice. The player has a maximum "
-        "of three throws in each round."},
-    Text{7,
-         TextKind::Body,
-         {120, 2160, 6255, 525},
-         "Click the button on the right to try out throwing the dice."},
-    Text{5, TextKind::Heading, {120, 3600, 11655, 645}, "Setting Dice Aside"},
-    Text{3,
-         TextKind::Body,
-         {120, 4080, 7695, 645},
+    heading(1, {120, 600, 2085, 285}, "Throwing the Dice"),
+    body(2, {120, 1080, 11415, 885},
+         "The player whose turn it is clicks the button labelled 'Throw Dice'. Five numbers are then "
+         "randomly generated, corresponding to the dice throw. Depending on the scores on the dice, the "
+         "player may decide to set aside some of the dice before throwing the remaining dice. The player has "
+         "a maximum of three throws in each round."),
+    body(7, {120, 2160, 6255, 525}, "Click the button on the right to try out throwing the dice."),
+    heading(5, {120, 3600, 11655, 645}, "Setting Dice Aside"),
+    body(3, {120, 4080, 7695, 645},
          "To set aside the score on a die, the player drags the score of the die onto one of the five icons "
-         "to the left of the screen. These icons are as follows:"},
-    Text{4, TextKind::BoldBody, {720, 4800, 6495, 405}, "SHIP - Ship's Wheel icon - 6"},
-    Text{10, TextKind::BoldBody, {720, 5160, 6615, 405}, "CAPTAIN - Sextant icon - 5"},
-    Text{11, TextKind::BoldBody, {720, 5520, 6735, 405}, "MATE - Ship's Compass icon - 4"},
-    Text{12, TextKind::BoldBody, {720, 5880, 7335, 405}, "CREW - Anchor icon - any score"},
-    Text{13, TextKind::BoldBody, {720, 6240, 6015, 405}, "CARGO - Bananas icon - any score"},
-    Text{
-        8,
-        TextKind::Body,
-        {120, 6840, 11415, 885},
-        "The top three icons will only accept scores of the correct value. Only a score of 6 can be dragged "
-        "onto the Ship's Wheel icon, only a score of 5 can be dragged onto the Sextant icon and only a score "
-        "of 4 can be dragged onto the Ship's Compass icon. A score of any value can be dragged onto the "
-        "bottom two icons."},
-    Text{6,
-         TextKind::Body,
-         {120, 7920, 11775, 645},
+         "to the left of the screen. These icons are as follows:"),
+    boldBody(4, {720, 4800, 6495, 405}, "SHIP - Ship's Wheel icon - 6"),
+    boldBody(10, {720, 5160, 6615, 405}, "CAPTAIN - Sextant icon - 5"),
+    boldBody(11, {720, 5520, 6735, 405}, "MATE - Ship's Compass icon - 4"),
+    boldBody(12, {720, 5880, 7335, 405}, "CREW - Anchor icon - any score"),
+    boldBody(13, {720, 6240, 6015, 405}, "CARGO - Bananas icon - any score"),
+    body(8, {120, 6840, 11415, 885},
+         "The top three icons will only accept scores of the correct value. Only a score of 6 can be dragged "
+         "onto the Ship's Wheel icon, only a score of 5 can be dragged onto the Sextant icon and only a "
+         "score of 4 can be dragged onto the Ship's Compass icon. A score of any value can be dragged onto "
+         "the bottom two icons."),
+    body(6, {120, 7920, 11775, 645},
          "After setting aside any dice that they wish to keep, the player should click the 'Throw Dice' "
-         "button to throw the remaining dice."},
+         "button to throw the remaining dice."),
 };
 
 constexpr std::array page3Texts{
-    Text{8, TextKind::Heading, {120, 720, 3945, 285}, "Scoring"},
-    Text{10,
-         TextKind::Body,
-         {120, 1200, 11655, 645},
+    heading(8, {120, 720, 3945, 285}, "Scoring"),
+    body(10, {120, 1200, 11655, 645},
          "If a player has not managed to throw a 6, a 5 and a 4 by their third throw, they receive zero "
-         "points for the round and the turn passes to the next player."},
-    Text{
-        11,
-        TextKind::Body,
-        {120, 1920, 11655, 1125},
-        "On the other hand, if the player has thrown a 6, a 5 and a 4, these dice scores should be dragged "
-        "onto the SHIP, CAPTAIN and MATE icons and the other two dice scores should be dragged onto the CREW "
-        "and CARGO icons. The player will then receives points equal to the scores on these last two dice. "
-        "The turn will then pass to the next player."},
-    Text{
-        13,
-        TextKind::Body,
-        {120, 3240, 11655, 645},
-        "Players do not have to make three throw of the dice. They can keep all five dice scores after their "
-        "first or their second throw."},
-    Text{1, TextKind::Heading, {120, 4080, 1935, 285}, "A Quick Example"},
-    Text{2,
-         TextKind::Body,
-         {120, 4530, 6735, 405},
-         "The following is an illustration of how the game is played."},
-    Text{
-        5,
-        TextKind::Body,
-        {120, 5040, 9075, 1965},
-        "On my first throw, my five dice show the score: 3, 2, 4, 6, 1. I decide to keep the 6 and the 4. I "
-        "drag the 6 onto the SHIP icon and drag the 4 onto the MATE icon. Then I throw the remaining three "
-        "dice. The scores I make with these three dice are: 5, 5, 1. I drag one 5 onto the CAPTAIN icon and "
-        "decide to keep the other 5 by dragging it onto the CREW icon. With my third and final throw, I "
-        "throw the one remaining die. I throw a 3 with this die. I drag the 3 onto the CARGO icon. My turn "
-        "is now completed and I receive 8 points, which is the total of the points that I have placed on the "
-        "CREW and CARGO icons."},
-    Text{3, TextKind::Heading, {120, 7200, 960, 285}, "The End"},
-    Text{
-        4,
-        TextKind::Body,
-        {120, 7680, 6735, 645},
-        "There are four rounds in a game. After the four rounds, the player with the highest total of points "
-        "is the winner."},
+         "points for the round and the turn passes to the next player."),
+    body(11, {120, 1920, 11655, 1125},
+         "On the other hand, if the player has thrown a 6, a 5 and a 4, these dice scores should be dragged "
+         "onto the SHIP, CAPTAIN and MATE icons and the other two dice scores should be dragged onto the "
+         "CREW and CARGO icons. The player will then receives points equal to the scores on these last two "
+         "dice. The turn will then pass to the next player."),
+    body(13, {120, 3240, 11655, 645},
+         "Players do not have to make three throw of the dice. They can keep all five dice scores after "
+         "their first or their second throw."),
+    heading(1, {120, 4080, 1935, 285}, "A Quick Example"),
+    body(2, {120, 4530, 6735, 405}, "The following is an illustration of how the game is played."),
+    body(5, {120, 5040, 9075, 1965},
+         "On my first throw, my five dice show the score: 3, 2, 4, 6, 1. I decide to keep the 6 and the 4. I "
+         "drag the 6 onto the SHIP icon and drag the 4 onto the MATE icon. Then I throw the remaining three "
+         "dice. The scores I make with these three dice are: 5, 5, 1. I drag one 5 onto the CAPTAIN icon and "
+         "decide to keep the other 5 by dragging it onto the CREW icon. With my third and final throw, I "
+         "throw the one remaining die. I throw a 3 with this die. I drag the 3 onto the CARGO icon. My turn "
+         "is now completed and I receive 8 points, which is the total of the points that I have placed on "
+         "the CREW and CARGO icons."),
+    heading(3, {120, 7200, 960, 285}, "The End"),
+    body(4, {120, 7680, 6735, 645},
+         "There are four rounds in a game. After the four rounds, the player with the highest total of "
+         "points is the winner."),
 };
-
-platform::Font fontOf(TextKind kind) {
-  return kind == TextKind::Body ? shell::look::arial(12) : shell::look::arialBold(12);
-}
 
 }  // namespace
 
@@ -196,8 +159,8 @@ RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, con
   Label1[0].role = platform::Role::Heading;
   for (const Text& text : design.texts) {
     add(Label1[text.index], platform::indexed("Label1", text.index),
-        label(text.box, fontOf(text.kind), yellow, text.text));
-    if (text.kind == TextKind::Heading) Label1[text.index].role = platform::Role::Heading;
+        label(text.box, text.font, yellow, text.text));
+    Label1[text.index].role = text.role;
   }
   addNavigation(0, {11160, 60, 735, 375}, "Exit", "", platform::Key::Escape);
   if (!design.next.empty()) {

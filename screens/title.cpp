@@ -62,7 +62,10 @@ void Titlefrm::restart() {
   // What was read before a bad line does no harm: a new game sets every value again.
   options_ = saved.options;
   state_ = saved.state;
-  if (!found) return;
+  if (!found) {
+    desktop().say("No game was left.");
+    return;
+  }
   options_.restoreSavedGame = 1;
   if (options_.hideDesktop == 1) desktop().show(shell::backdrop);
   desktop().show(options_.computerOpponent != 0 ? shell::computerBoard : shell::board);
