@@ -49,6 +49,7 @@ TEST(SavedGame, HoldsTheGameThatWasLeft) {
       3,2,2,0,14,9,7,0,1,1,  -   3,2,2,0,14,9,7,0,1,1,   2,1,3,0,5,48,3,4,0,1, D 2,1,3,0,5,48,3,4,0,1,
       4,3,1,0,1,2,3,9,0,0,   3   4,0,2,0,1,2,3,12,0,0,   2,1,3,0,5,6,7,8,1,1,  N 2,0,1,0,0,0,7,8,1,1,
       2,0,1,1,1,2,0,0,0,0,   D   2,0,1,1,1,2,0,0,0,0,    4,1,2,7,9,2,3,4,1,1,  G 2,1,2,1,9,2,0,0,1,1,
+      2,0,2,0,32767,-5,0,0,1,0, 3 2,1,2,0,32767,-5,0,0,1,0,
       2,1,4,0,10,20,0,0,1,0, LNL -                       2,1,4,0,9,2,0,0,1,0,  L -)")) {
     Program program;
     const std::string old = Program::lines(before) + std::string(200, '7');  // A new file is shorter.
@@ -92,7 +93,8 @@ TEST(SavedGame, IsTakenUpOnlyWhenItCanBePlayed) {
 
 TEST(SavedGame, IsTakenUpWithEachValueWithinItsLimits) {
   for (const auto& [place, least, most] : tests::rows<3>(R"(
-      0 2 4   1 0 2   2 1 4   3 -32768 32767   4 0 48   5 0 48   6 0 48   7 0 48   8 -32768 32767)")) {
+      0 2 4   1 0 2   2 1 4   3 -32768 32767   4 -32768 32767
+      5 -32768 32767   6 -32768 32767   7 -32768 32767   8 -32768 32767)")) {
     const int limits[] = {std::stoi(least) - 1, std::stoi(least), std::stoi(most), std::stoi(most) + 1};
     for (const int value : limits) {
       std::array<int, 10> values{3, 1, 2, 0, 14, 9, 7, 0, 1, 0};
