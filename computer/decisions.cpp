@@ -12,18 +12,6 @@ constexpr std::size_t ship = 0;
 constexpr std::size_t crew = 3;
 constexpr std::size_t cargo = 4;
 
-/// The lowest face worth keeping for CREW or CARGO.
-int lowestKept(int throwCount) {
-  switch (throwCount) {
-    case 1:
-      return 5;
-    case 2:
-      return 4;
-    default:
-      return 0;
-  }
-}
-
 }  // namespace
 
 std::optional<Choice> decide(const std::array<int, game::diceCount>& faces,
@@ -36,8 +24,9 @@ std::optional<Choice> decide(const std::array<int, game::diceCount>& faces,
     return Choice{static_cast<std::size_t>(found - faces.begin()), static_cast<IconKind>(icon)};
   }
   if (!iconTaken[0] || !iconTaken[1] || !iconTaken[2] || iconTaken[cargo]) return std::nullopt;
+  const int lowestKept = throwCount == 1 ? 5 : throwCount == 2 ? 4 : 0;
   for (std::size_t die = 0; die < game::diceCount; ++die) {
-    if (!atHome[die] || faces[die] < lowestKept(throwCount)) continue;
+    if (!atHome[die] || faces[die] < lowestKept) continue;
     return Choice{die, iconTaken[crew] ? IconKind::Cargo : IconKind::Crew};
   }
   return std::nullopt;

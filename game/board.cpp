@@ -153,7 +153,6 @@ void tolvane::clickButton(std::size_t button) {
   }
 }
 
-// What keeps the dice from being thrown and moved, in words; nothing when they may be.
 std::string_view tolvane::whyNothingMoves() const {
   if (state_.roundNumber > roundsPerGame) return "End of game.";
   if (Timer1.enabled()) return "Turn over.";
@@ -167,7 +166,6 @@ std::string_view tolvane::whyNoDieMoves() const {
   return reason.empty() && board_.throwCount == 0 ? "Throw the dice first." : reason;
 }
 
-// Whether there is such a reason, which is said.
 bool tolvane::refuses(std::string_view reason) {
   if (!reason.empty()) say(reason);
   return !reason.empty();

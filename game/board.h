@@ -1,8 +1,8 @@
 // The board on which two to four people play, and everything a turn consists of.
 //
-// One class over several files, one for each step of play: `throwing`, `reveal`, `setting_aside`, `scoring`,
-// `handover`, `ending`; `keys` and `words` are the same board by keyboard and by ear; this file's own source
-// has the layout, the opening and the buttons.
+// It stands on `table`, which says what lies where. One class over several files, one for each step of play:
+// `throwing`, `reveal`, `setting_aside`, `scoring`, `handover`, `ending`; `keys` and `words` are the same board
+// by keyboard and by ear; this file's own source has the layout, the opening and the buttons.
 #pragma once
 
 #include <array>
@@ -95,11 +95,15 @@ class tolvane : public Table {
   void layOutWidgets();
   void connectHandlers();
   void clickButton(std::size_t button);
-  std::string_view whyNothingMoves() const;
-  std::string_view whyNoDieMoves() const;
-  bool refuses(std::string_view reason);
   void startNewGame();
   void leave();
+
+  /// What keeps the dice from being thrown and moved, in words; empty when nothing does.
+  std::string_view whyNothingMoves() const;
+  /// What keeps the dice from being moved, in words; empty when nothing does.
+  std::string_view whyNoDieMoves() const;
+  /// Whether there is such a reason; it is said.
+  bool refuses(std::string_view reason);
 
   void roll();
 

@@ -1,5 +1,5 @@
 // The board by keyboard. A key takes the way of the hand: it moves and drops a die as the mouse does, so
-// whatever refuses the one refuses the other; and it says why.
+// whatever refuses the one refuses the other; and a key says why.
 
 #include <algorithm>
 #include <map>

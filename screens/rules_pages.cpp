@@ -11,8 +11,6 @@ namespace screens {
 
 using shell::look::Box;
 
-namespace {
-
 struct Text {
   std::size_t index;  // In `Label1`.
   Box box;
@@ -20,6 +18,19 @@ struct Text {
   platform::Role role;
   std::string_view text;
 };
+
+struct PageDesign {
+  std::string_view name;
+  std::size_t numberLabel;  // In `Label1`.
+  std::string_view number;
+  std::string_view previous;  // The page before; empty on the first.
+  std::string_view next;      // The page after; empty on the last.
+  std::string_view picture;
+  Box pictureBox;
+  std::span<const Text> texts;
+};
+
+namespace {
 
 constexpr Text heading(std::size_t index, Box box, std::string_view text) {
   return {index, box, shell::look::arialBold(12), platform::Role::Heading, text};
@@ -110,21 +121,6 @@ constexpr std::array page3Texts{
          "There are four rounds in a game. After the four rounds, the player with the highest total of "
          "points is the winner."),
 };
-
-}  // namespace
-
-struct PageDesign {
-  std::string_view name;
-  std::size_t numberLabel;  // In `Label1`.
-  std::string_view number;
-  std::string_view previous;  // The page before; empty on the first.
-  std::string_view next;      // The page after; empty on the last.
-  std::string_view picture;
-  Box pictureBox;
-  std::span<const Text> texts;
-};
-
-namespace {
 
 constexpr PageDesign page1{
     shell::rulesPage1,        7,         "Page 1 of 3", "", shell::rulesPage2, R"(images\start.jpg)",
