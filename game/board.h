@@ -1,8 +1,8 @@
 // The board on which two to four people play, and everything a turn consists of.
 //
 // It stands on `table`, which says what lies where. One class over several files, one for each step of play:
-// `throwing`, `reveal`, `setting_aside`, `scoring`, `handover`, `ending`; `keys` and `words` are the same board
-// by keyboard and by ear; this file's own source has the layout, the opening and the buttons.
+// `throwing`, `reveal`, `setting_aside`, `scoring`, `handover`, `ending`; `keys` and `words` are the same
+// board by keyboard and by ear; this file's own source has the layout, the opening and the buttons.
 #pragma once
 
 #include <array>
