@@ -18,7 +18,7 @@ std::optional<std::size_t> Table::iconUnder(const platform::Widget& piece) const
 std::string Table::facesOn(std::size_t icon) const {
   std::string faces;
   for (const platform::Widget& die : Label4) {
-    if (iconUnder(die) == icon) faces += (faces.empty() ? "" : ", ") + die.text;
+    if (samePlace(die, Image1[icon])) faces += (faces.empty() ? "" : ", ") + die.text;
   }
   return faces;
 }
