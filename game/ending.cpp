@@ -10,9 +10,9 @@ namespace game {
 
 void tolvane::endofgame() {
   board_.gameFinished = true;
-  std::vector<int> finalScore;
-  for (int seat = 0; seat < options_.playerCount; ++seat) {
-    finalScore.push_back(numberShown(Label5[static_cast<std::size_t>(seat)].text));
+  std::vector<int> finalScore(static_cast<std::size_t>(options_.playerCount));
+  for (std::size_t seat = 0; seat < finalScore.size(); ++seat) {
+    finalScore[seat] = numberShown(Label5[seat].text);
   }
   const auto best = std::max_element(finalScore.begin(), finalScore.end());  // The first of equals.
   board_.winnerSeat = static_cast<std::size_t>(best - finalScore.begin());

@@ -27,10 +27,7 @@ void tolvane::checkturnover() {
   }
   if (board_.diceOnIcons == static_cast<int>(diceCount)) {
     board_.turnOver = true;
-    for (const platform::Widget& die : Label4) {
-      const auto icon = iconUnder(die);
-      if (icon && icons[*icon].takes == anyFace) turnScore += numberShown(die.text);
-    }
+    turnScore = points();
     total = std::to_string(numberShown(total) + turnScore);
     if (turnScore == 0) play(sounds::splash);
     if (turnScore < 7) play(sounds::divingBoard);

@@ -1,5 +1,6 @@
 #include "game/table.h"
 
+#include "game/numbers.h"
 #include "game/setting_aside.h"
 
 namespace game {
@@ -29,6 +30,15 @@ std::string Table::facesInRow() const {
     if (atHome(die)) faces += (faces.empty() ? "" : ", ") + Label4[die].text;
   }
   return faces;
+}
+
+int Table::points() const {
+  int sum = 0;
+  for (const platform::Widget& die : Label4) {
+    const auto icon = iconUnder(die);
+    if (icon && icons[*icon].takes == anyFace) sum += numberShown(die.text);
+  }
+  return sum;
 }
 
 void Table::moveTo(std::size_t die, const platform::Widget& place) {

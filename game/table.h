@@ -27,6 +27,9 @@ class Table : public platform::Screen {
   std::string facesOn(std::size_t icon) const;
   std::string facesInRow() const;
 
+  /// The sum of the dice on CREW and CARGO, the icons that take any face.
+  int points() const;
+
   void moveTo(std::size_t die, const platform::Widget& place);
 
   std::array<platform::Widget, icons.size()> Image1;  // The icons.
