@@ -111,7 +111,9 @@ need() {
 }
 
 install_packages() {
-  local apt=(env DEBIAN_FRONTEND=noninteractive "TMPDIR=$TMPDIR" apt-get -qq -y -o APT::Status-Fd=1 -o Dpkg::Use-Pty=0)
+  # How far it is goes through a descriptor of its own, which dpkg keeps from the packages' scripts: they print as well.
+  local apt=(env DEBIAN_FRONTEND=noninteractive "TMPDIR=$TMPDIR"
+    sh -c 'exec apt-get -qq -y -o APT::Status-Fd=3 -o Dpkg::Use-Pty=0 "$@" 3>&1' apt-get)
   # An earlier run may have been ended in the middle of an installation.
   "${as_root[@]}" dpkg --configure -a || true
   "${as_root[@]}" "${apt[@]}" update
