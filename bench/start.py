@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Measures, on a display of its own, the time from process start to the first fully painted frame, and the memory the
 window then takes: of a bare Qt window and of the game, in turn. Needs python3-xlib.
 Usage: bench/start.py build/release [rounds [program...]]"""
