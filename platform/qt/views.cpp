@@ -31,17 +31,10 @@ Qt::Alignment alignmentOf(const Appearance& look) {
   return Qt::AlignLeft;
 }
 
-/// The whole pixels of the display nearest to a place on it: lines are as thick wherever the scale of the
-/// display lets their edges fall.
+/// The whole pixels of the display nearest to a place on it.
 QRect wholePixels(const QRectF& place) {
   const QPoint topLeft(qRound(place.left()), qRound(place.top()));
   return {topLeft, QPoint(qRound(place.right()) - 1, qRound(place.bottom()) - 1)};
-}
-
-/// A frame just inside `box`.
-void paintFrame(QPainter& painter, const QRect& box, int line, QColor colour) {
-  const QRegion inside(box.adjusted(line, line, -line, -line));
-  for (const QRect& edge : QRegion(box) - inside) painter.fillRect(edge, colour);
 }
 
 void paintTick(QPainter& painter, const Appearance& look, const QRect& box, int line) {
@@ -92,6 +85,17 @@ bool differOnlyInPlace(Appearance before, const Appearance& now) {
 
 int pixels(float twips) {
   return static_cast<int>(std::lround(twips / twipsPerPixel));
+}
+
+QRect toDisplayPixels(QPainter& painter, const QRectF& box) {
+  const QRect pixels = wholePixels(painter.deviceTransform().mapRect(box));
+  painter.setTransform(painter.deviceTransform().inverted());
+  return pixels;
+}
+
+void paintFrame(QPainter& painter, const QRect& box, int line, QColor colour) {
+  const QRegion inside(box.adjusted(line, line, -line, -line));
+  for (const QRect& edge : QRegion(box) - inside) painter.fillRect(edge, colour);
 }
 
 QFont fontFor(const Font& font) {
@@ -147,7 +151,6 @@ void View::refresh(ViewState state) {
 void View::paintEvent(QPaintEvent* /*event*/) {
   const Appearance& look = *drawn_;  // The widget itself may have gone with its screen.
   QPainter painter(this);
-  const QRect whole = wholePixels(painter.deviceTransform().mapRect(QRectF(rect())));
   const auto scaled = [scale = devicePixelRatioF()](qreal length) {
     return std::max(1, qRound(length * scale));
   };
@@ -157,7 +160,7 @@ void View::paintEvent(QPaintEvent* /*event*/) {
   QRectF textBox = rect();
 
   painter.save();
-  painter.setTransform(painter.deviceTransform().inverted());  // From here on, pixels of the display.
+  const QRect whole = toDisplayPixels(painter, rect());
   if (look.background) {
     painter.fillRect(whole, fadedUnless(look.enabled || !fadedGround, *look.background));
   }

@@ -15,6 +15,13 @@ inline constexpr float twipsPerPixel = 15;  // At 96 dots per inch; Qt adds the 
 /// The whole pixels nearest to a place in twips.
 int pixels(float twips);
 
+/// Has `painter` paint in pixels of the display from here on, and returns those that `box` covers of its
+/// widget. Lines are as thick wherever the scale of the display lets their edges fall.
+QRect toDisplayPixels(QPainter& painter, const QRectF& box);
+
+/// Paints a frame of this many pixels just inside `box`.
+void paintFrame(QPainter& painter, const QRect& box, int line, QColor colour);
+
 /// The font a text is drawn in, sized in pixels so that it keeps its proportion to its box on every display.
 QFont fontFor(const Font& font);
 
