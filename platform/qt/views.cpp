@@ -108,7 +108,6 @@ QFont fontFor(const Font& font) {
   // what every scale has, so that texts break alike at each.
   made.setHintingPreference(QFont::PreferNoHinting);
   made.setLetterSpacing(QFont::PercentageSpacing, 99);
-  made.setWordSpacing(-1);
   return made;
 }
 
@@ -117,15 +116,17 @@ qreal layOutText(QTextLayout& text, const Appearance& look) {
   QFont font = fontFor(look.font);
   text.setText(QString::fromStdString(look.text));
   text.setTextOption(QTextOption(alignmentOf(look)));
-  for (;; font.setPixelSize(font.pixelSize() - 1)) {
+  for (bool tight = false;;) {
     text.setFont(font);
     const auto height = heightInBox(text, look);
     if (height) return *height;
     if (font.pixelSize() <= smallest) return look.height / twipsPerPixel;
+    if (std::exchange(tight, true)) font.setPixelSize(font.pixelSize() - 1);
+    font.setWordSpacing(-1);
   }
 }
 
-View::View(Pictures& pictures, const Widget& widget, QWidget& parent)
+View::View(Pictures& pictures, Widget& widget, QWidget& parent)
     : QWidget(&parent), pictures_(pictures), widget_(widget) {
   setObjectName(QString::fromStdString(widget.name));
   setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -157,7 +158,10 @@ void View::paintEvent(QPaintEvent* /*event*/) {
   const bool fadedGround =
       look.role != Role::Button;  // A button's is the colour of whoever plays or has won.
   const QColor ink = fadedUnless(look.enabled, look.textColour);
+  const bool hasTick = look.role == Role::CheckBox;
+  constexpr int tickSide = 15;
   QRectF textBox = rect();
+  if (hasTick) textBox.setLeft(tickSide + 6);
 
   painter.save();
   const QRect whole = toDisplayPixels(painter, rect());
@@ -173,26 +177,29 @@ void View::paintEvent(QPaintEvent* /*event*/) {
     const int line = scaled(look.role == Role::Piece ? 3 : 1);
     const qreal middle = scaled(look.role == Role::Piece ? 3 : 2) + line / 2.0;
     painter.setPen(QPen(ink, line, look.pickedUp ? Qt::SolidLine : Qt::DashLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.drawRect(QRectF(whole).adjusted(middle, middle, -middle, -middle));
+    QRectF marked(whole);
+    if (hasTick) marked.setLeft(whole.left() + scaled(tickSide + 1));
+    painter.drawRect(marked.adjusted(middle, middle, -middle, -middle));
   }
-  if (look.role == Role::CheckBox) {
-    constexpr int side = 15;
-    const QSize tick(scaled(side), scaled(side));
+  if (hasTick) {
+    const QSize tick(scaled(tickSide), scaled(tickSide));
     paintTick(painter, look, {whole.topLeft() + QPoint(0, (whole.height() - tick.height()) / 2), tick},
               scaled(1));
-    textBox.setLeft(side + 6);
   }
   painter.restore();
 
   if (look.text.empty()) return;
   if (state_.down) textBox.translate(1, 1);  // A button that is held down sinks.
   QTextLayout text;
-  const qreal height = layOutText(text, look);
-  // Buttons, dice and totals have their text in the middle, running text starts at the top.
-  const bool middle = look.border || look.role == Role::CheckBox;
+  layOutText(text, look);
+  // Buttons, dice and totals have their letters in the middle, wherever their font keeps room for accents;
+  // running text starts at the top.
+  if (look.border || hasTick) {
+    const qreal capitals = QFontMetricsF(text.font()).capHeight();
+    textBox.translate(0, std::round((textBox.height() + capitals) / 2 - text.lineAt(0).ascent()));
+  }
   painter.setPen(ink);
-  text.draw(&painter,
-            textBox.topLeft() + QPointF(0, middle ? std::round((textBox.height() - height) / 2) : 0));
+  text.draw(&painter, textBox.topLeft());
 }
 
 }  // namespace platform::qt

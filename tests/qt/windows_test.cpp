@@ -11,6 +11,7 @@
 #include <tuple>
 
 #include "app/register_screens.h"
+#include "platform/qt/keys.h"
 #include "platform/qt/qt_desktop.h"
 
 namespace {
@@ -83,7 +84,8 @@ TEST_F(Program, EveryTextFitsItsBox) {
         const qreal width = lines.width();
         EXPECT_LE(width, widget->width / 15) << screen << ' ' << widget->name << ": " << text;
         EXPECT_LE(height, widget->height / 15) << screen << ' ' << widget->name << ": " << text;
-        EXPECT_TRUE(otherFonts || layout.font() == platform::qt::fontFor(widget->font))
+        EXPECT_TRUE(otherFonts ||
+                    layout.font().pixelSize() == platform::qt::fontFor(widget->font).pixelSize())
             << screen << ' ' << widget->name << ": " << text;
         placed.emplace_back(text, QRectF(lines.left() + widget->left / 15, widget->top / 15, width, height));
       }
@@ -179,23 +181,36 @@ TEST_F(Program, APageBelievesItsPictureWithinReason) {
   QDir(folder.path()).mkdir("Images");
   QDir::setCurrent(folder.path());
   const QSize designed(189, 235);
-  for (const auto& [pixels, dotsPerInch, format, size, drawn] :
-       std::initializer_list<std::tuple<QSize, int, const char*, QSize, bool>>{
-           {{150, 100}, 96, "jpg", {150, 100}, true},
-           {{150, 100}, 192, "jpg", {75, 50}, true},
-           {{150, 100}, 1, "jpg", designed, true},
-           {{3000, 30}, 96, "jpg", designed, true},
-           {{5800, 5800}, 4800, "jpg", designed, false},
-           {{150, 100}, 96, "png", designed, false}}) {
+  enum Damage { None, CutShort, Rubbish };
+  for (const auto& [pixels, dotsPerInch, format, damage, size, drawn] :
+       std::initializer_list<std::tuple<QSize, int, const char*, Damage, QSize, bool>>{
+           {{150, 100}, 96, "jpg", None, {150, 100}, true},
+           {{150, 100}, 192, "jpg", None, {75, 50}, true},
+           {{150, 100}, 1, "jpg", None, designed, true},
+           {{3000, 30}, 96, "jpg", None, designed, true},
+           {{5800, 5800}, 4800, "jpg", None, designed, false},
+           {{150, 100}, 96, "png", None, designed, false},
+           {{150, 100}, 96, "jpg", CutShort, designed, false},
+           {{150, 100}, 96, "jpg", Rubbish, designed, false}}) {
     QImage picture(pixels, QImage::Format_RGB32);
     picture.fill(Qt::red);
     picture.setDotsPerMeterX(qRound(dotsPerInch / 0.0254));
     picture.setDotsPerMeterY(qRound(dotsPerInch / 0.0254));
     ASSERT_TRUE(picture.save("Images/start.jpg", format));
+    QFile file("Images/start.jpg");
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    if (damage == CutShort) file.resize(file.size() - 2);
+    if (damage == Rubbish) {
+      file.seek(file.size() - 9);
+      file.write("\xFF\x4A");
+    }
+    file.close();
     open("Wembickrules");
     const QImage shown = window("Wembickrules").grab(QRect(576, 288, 40, 40)).toImage();
-    EXPECT_EQ(view("Wembickrules", "Image1").size(), size) << pixels.width() << ' ' << dotsPerInch;
-    EXPECT_EQ(shown.pixelColor(shown.rect().center()).red() > 200, drawn) << pixels.width() << format;
+    EXPECT_EQ(view("Wembickrules", "Image1").size(), size)
+        << pixels.width() << ' ' << dotsPerInch << ' ' << damage;
+    EXPECT_EQ(shown.pixelColor(shown.rect().center()).red() > 200, drawn)
+        << pixels.width() << format << damage;
     window("Wembickrules").close();
     QCoreApplication::processEvents();  // A window goes in its turn.
   }
@@ -277,6 +292,27 @@ TEST_F(Program, KeysReachTheirScreen) {
   EXPECT_FALSE(sound.checked);
   for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return}) QTest::keyClick(&window, key);
   EXPECT_TRUE(sound.checked);
+
+  constexpr quint32 two = 11;
+  constexpr quint32 t = 28;
+  constexpr quint32 l = 46;
+  const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+  for (const auto& [key, scanCode, modifiers, held, expected] : std::initializer_list<
+           std::tuple<int, quint32, Qt::KeyboardModifiers, bool, std::optional<platform::Key>>>{
+           {Qt::Key_Eacute, two, {}, false, platform::Key{'2'}},
+           {Qt::Key_2, two, shift, false, platform::Key{'2'}},
+           {Qt::Key_6, two, {}, false, platform::Key{'6'}},
+           {0x435, t, {}, false, platform::Key::T},
+           {Qt::Key_D, t, {}, false, platform::Key::D},
+           {Qt::Key_T, t, Qt::ControlModifier, false, std::nullopt},
+           {Qt::Key_T, t, {}, true, std::nullopt},
+           {Qt::Key_L, l, {}, false, std::nullopt},
+           {Qt::Key_Enter, 0, Qt::KeypadModifier, false, platform::Key::Return},
+           {Qt::Key_Space, 0, {}, true, std::nullopt},
+           {Qt::Key_Left, 0, {}, true, platform::Key::Left}}) {
+    const QKeyEvent press(QEvent::KeyPress, key, modifiers, scanCode, 0, 0, {}, held);
+    EXPECT_EQ(platform::qt::keyFrom(press), expected) << key << ' ' << scanCode;
+  }
 }
 
 /// What a screen reader finds: a line for each part with its role, its name and what it can do.
