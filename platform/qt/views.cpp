@@ -196,7 +196,7 @@ void View::paintEvent(QPaintEvent* /*event*/) {
   // running text starts at the top.
   if (look.border || hasTick) {
     const qreal capitals = QFontMetricsF(text.font()).capHeight();
-    textBox.translate(0, std::round((textBox.height() + capitals) / 2 - text.lineAt(0).ascent()));
+    textBox.translate(0, std::floor((textBox.height() + capitals) / 2 - text.lineAt(0).ascent()));
   }
   painter.setPen(ink);
   text.draw(&painter, textBox.topLeft());
