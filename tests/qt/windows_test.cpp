@@ -175,6 +175,25 @@ TEST_F(Program, LinesAreWholePixelsOfTheDisplay) {
   }
 }
 
+TEST_F(Program, APageHasALineAroundThatLeavesItsNumberRoom) {
+  const QImage drawn = open("Wembickrules").grab().toImage();
+  const QRgb ground = qRgb(0, 0, 255);
+  const QRgb line = qRgb(0, 0, 0);
+  const int thick = qRound(drawn.devicePixelRatio());
+  const QPoint edge(drawn.width() - 1, drawn.height() - 1);
+  const QPoint middle = edge / 2;
+  for (const auto& [at, step] :
+       std::initializer_list<std::pair<QPoint, QPoint>>{{{0, middle.y()}, {1, 0}},
+                                                        {{edge.x(), middle.y()}, {-1, 0}},
+                                                        {{middle.x(), 0}, {0, 1}},
+                                                        {{middle.x(), edge.y()}, {0, -1}}}) {
+    EXPECT_EQ(drawn.pixel(at), line);
+    EXPECT_EQ(drawn.pixel(at + step * (thick - 1)), line);
+    EXPECT_EQ(drawn.pixel(at + step * thick), ground);
+  }
+  EXPECT_EQ(drawn.pixel(0, 0), ground);
+}
+
 TEST_F(Program, APageBelievesItsPictureWithinReason) {
   const QString before = QDir::currentPath();
   const QTemporaryDir folder;
@@ -337,7 +356,6 @@ std::string told(QAccessibleInterface& window) {
 
 TEST_F(Program, AReaderFindsEveryScreenInItsOrder) {
   options.playerCount = 2;
-  const std::string footer = "text: Fair winds and a full hold!\n";
   const std::string board = R"(text: ORANGE TO PLAY
 text: ROUND 1 OF 4
 button (here): Throw Dice
@@ -355,20 +373,8 @@ text: Orange 0
 text: Magenta 0
 button: New Game
 button: Exit
-)" + footer;
-  const std::map<std::string_view, std::string> expected{{"Startplay2", R"(heading: Tolvane
-button (here): The Rules
-box (ticked): Play Sound
-heading: Select Number of Players
-button: 1 player, against the computer
-button: 2 players
-button: 3 players
-button: 4 players
-link: https://tolvane.example/
-button: Exit
-)" + footer},
-                                                         {"tolvane", board},
-                                                         {"Grey", ""}};
+text: Fair winds and a full hold!
+)";
   for (const char* screen : {"Titlefrm", "Startplay2", "Grey", "tolvane", "tolvanecomputer", "Wembickrules",
                              "Wembickrules2", "Wembickrules2b"}) {
     SCOPED_TRACE(screen);
@@ -391,8 +397,7 @@ button: Exit
       EXPECT_EQ(shown.children().back(), die);
     }
     const std::string parts = told(reader);
-    const auto row = expected.find(screen);
-    EXPECT_TRUE(row == expected.end() || parts == row->second) << parts;
+    EXPECT_TRUE(std::string_view(screen) != "tolvane" || parts == board) << parts;
     EXPECT_EQ(parts.empty(), backdrop);
   }
   // What a reader does in the player's place.
