@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QEvent>
 #include <algorithm>
 #include <array>
@@ -55,8 +56,11 @@ class SpokenText final : public QAccessibleInterface {
   void add(SpokenText& child) { children_.push_back(&child); }
   void show(const QString& words) {
     words_ = words;
-    QAccessibleEvent shown(this, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&shown);
+    // Some readers keep names, and would speak the one they know.
+    for (const QAccessible::Event told : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
+      QAccessibleEvent event(this, told);
+      QAccessible::updateAccessibility(&event);
+    }
   }
 
   bool isValid() const override { return true; }
@@ -143,7 +147,7 @@ class AccessibleView final : public QAccessibleWidget {
   }
   void doAction(const QString& action) override {
     if (!actionNames().contains(action)) return;
-    Widget& widget = *std::find(screen()->widgets().begin(), screen()->widgets().end(), &view_.widget())[0];
+    Widget& widget = view_.widget();
     QtDesktop& desktop = screenWindow().desktop();
     if (action != setFocusAction() && desktop.click(widget)) return;
     desktop.handle([&] { screen()->setFocus(widget); });
@@ -240,6 +244,7 @@ QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object
 Accessibility::Accessibility() {
   QAccessible::installFactory(interfaceFor);
   QAccessible::installActivationObserver(this);
+  qApp->installEventFilter(this);
 }
 
 Accessibility::~Accessibility() {
@@ -252,7 +257,6 @@ void Accessibility::letReadersComeLater() {
 }
 
 void Accessibility::refresh(ScreenWindow& window) {
-  window.installEventFilter(this);  // Once, however often.
   if (!QAccessible::isActive()) return;
   for (View* view : window.views()) {
     if (auto* told = dynamic_cast<AccessibleView*>(QAccessible::queryAccessibleInterface(view))) {
@@ -268,12 +272,11 @@ void Accessibility::announce(ScreenWindow& window, const std::string& words) {
 }
 
 bool Accessibility::eventFilter(QObject* object, QEvent* event) {
-  if (event->type() == QEvent::WindowActivate) {
-    // A reader falls silent to speak the window's name; what else there is to tell comes after that.
+  auto* window = event->type() == QEvent::WindowActivate ? dynamic_cast<ScreenWindow*>(object) : nullptr;
+  // A reader falls silent to speak the window's name; what else there is to tell comes after that.
+  if (window)
     QMetaObject::invokeMethod(
-        object, [this, window = static_cast<ScreenWindow*>(object)] { tellOf(*window); },
-        Qt::QueuedConnection);
-  }
+        window, [=, this] { tellOf(*window); }, Qt::QueuedConnection);
   return false;
 }
 

@@ -11,6 +11,7 @@ namespace platform::qt {
 namespace {
 
 constexpr std::size_t largestFile = 16 << 20;
+constexpr qint64 mostPixels = 32 << 20;
 
 // JPEG is what the game has. Whatever else lies under such a name is not handed to a decoder that knows it: a
 // drawing, for one, may refer to further files.
@@ -33,6 +34,20 @@ Size ownScale(const std::string& file) {
     return twipsPerInch / (unit == DotsPerInch ? dots : dots * centimetresPerInch);
   };
   return {scale(14), scale(16)};
+}
+
+/// Whether a picture's data go on to their end: a decoder makes up what is missing. Within them 0xFF is
+/// followed by 0 or announces a restart; anything else but the end is rubbish.
+bool isWhole(std::string_view file) {
+  const auto follows = [&file](std::size_t at) { return static_cast<unsigned char>(file[at + 1]); };
+  std::size_t at = file.rfind("\xFF\xDA");  // Where the last data begin.
+  while ((at = file.find('\xFF', at + 1)) < file.size() - 1) {
+    constexpr unsigned char end = 0xD9;
+    if (follows(at) == end) return true;
+    const bool restart = (follows(at) & 0xF8) == 0xD0;
+    if (follows(at) != 0 && follows(at) != 0xFF && !restart) return false;
+  }
+  return false;
 }
 
 /// A file being read as a picture.
@@ -67,10 +82,9 @@ QImage decode(const std::string& path, QSize pixels) {
 std::optional<Size> Pictures::load(std::string_view path) {
   if (const auto old = pictures_.find(path); old != pictures_.end()) pictures_.erase(old);
   PictureFile file(path);
-  if (file.contents().empty()) return std::nullopt;
+  if (!isWhole(file.contents())) return std::nullopt;
   const QSize own = file.reader().size();
-  const qint64 memory = 4 * qint64(own.width()) * own.height();
-  if (own.isEmpty() || memory > qint64(QImageReader::allocationLimit()) << 20) return std::nullopt;
+  if (own.isEmpty() || qint64(own.width()) * own.height() > mostPixels) return std::nullopt;
   pictures_.try_emplace(std::string(path));
   const Size scale = ownScale(file.contents());
   return Size{static_cast<float>(own.width()) * scale.width, static_cast<float>(own.height()) * scale.height};

@@ -15,8 +15,8 @@ namespace platform::qt {
 
 class Pictures {
  public:
-  /// Looks a picture up, anew if it was loaded before. Its own size in twips; nothing when it is no JPEG file
-  /// or more than can sensibly be shown.
+  /// Looks a picture up, anew if it was loaded before. Its own size in twips; nothing when it is no JPEG
+  /// file, a damaged one, or more than can sensibly be shown.
   std::optional<Size> load(std::string_view path);
 
   /// Starts to decode a picture that was loaded, so that it is there by the time its window is.

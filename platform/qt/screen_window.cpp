@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/qt/keys.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/x11.h"
 
@@ -41,49 +42,6 @@ MouseEvent mouseFrom(const QMouseEvent& event) {
   const QPointF at = event.position() * static_cast<qreal>(twipsPerPixel);
   return {bits(event.buttons()), static_cast<float>(at.x()), static_cast<float>(at.y()),
           std::chrono::milliseconds(event.timestamp())};
-}
-
-// A key held down presses a button once, but moves on.
-std::optional<Key> keyFrom(const QKeyEvent& event) {
-  constexpr Qt::KeyboardModifiers ours = Qt::ShiftModifier | Qt::KeypadModifier;
-  if ((event.modifiers() & ~ours) != Qt::NoModifier) return std::nullopt;
-  switch (event.key()) {
-    case Qt::Key_Tab:
-      return Key::Tab;
-    case Qt::Key_Backtab:
-      return Key::BackTab;
-    case Qt::Key_Left:
-      return Key::Left;
-    case Qt::Key_Right:
-      return Key::Right;
-    case Qt::Key_Up:
-      return Key::Up;
-    case Qt::Key_Down:
-      return Key::Down;
-    default:
-      break;
-  }
-  if (event.isAutoRepeat()) return std::nullopt;
-  switch (event.key()) {
-    case Qt::Key_PageUp:
-      return Key::PageUp;
-    case Qt::Key_PageDown:
-      return Key::PageDown;
-    case Qt::Key_Backspace:
-      return Key::Backspace;
-    case Qt::Key_F1:
-      return Key::F1;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return Key::Return;
-    case Qt::Key_Escape:
-      return Key::Escape;
-    default:
-      break;
-  }
-  // Letters, digits and the space bar have their characters' codes in Qt as well.
-  if (event.key() > Qt::Key_AsciiTilde) return std::nullopt;
-  return static_cast<Key>(event.key());
 }
 
 }  // namespace
@@ -266,8 +224,14 @@ void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
   const Colour& ground = screen_->background;
   painter.fillRect(rect(), QColor(ground.red, ground.green, ground.blue));
   if (screen_->frame == Frame::ThinLine) {
-    painter.setPen(Qt::black);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    // The number that stands in the page's corner would touch its line.
+    QRegion line(rect());
+    for (const View* view : views_) {
+      if (view->pos().isNull()) line -= view->geometry();
+    }
+    painter.setClipRegion(line);
+    const QRect whole = toDisplayPixels(painter, rect());
+    paintFrame(painter, whole, std::max(1, qRound(devicePixelRatioF())), Qt::black);
   }
 }
 

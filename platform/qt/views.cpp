@@ -31,17 +31,10 @@ Qt::Alignment alignmentOf(const Appearance& look) {
   return Qt::AlignLeft;
 }
 
-/// The whole pixels of the display nearest to a place on it: lines are as thick wherever the scale of the
-/// display lets their edges fall.
+/// The whole pixels of the display nearest to a place on it.
 QRect wholePixels(const QRectF& place) {
   const QPoint topLeft(qRound(place.left()), qRound(place.top()));
   return {topLeft, QPoint(qRound(place.right()) - 1, qRound(place.bottom()) - 1)};
-}
-
-/// A frame just inside `box`.
-void paintFrame(QPainter& painter, const QRect& box, int line, QColor colour) {
-  const QRegion inside(box.adjusted(line, line, -line, -line));
-  for (const QRect& edge : QRegion(box) - inside) painter.fillRect(edge, colour);
 }
 
 void paintTick(QPainter& painter, const Appearance& look, const QRect& box, int line) {
@@ -94,6 +87,17 @@ int pixels(float twips) {
   return static_cast<int>(std::lround(twips / twipsPerPixel));
 }
 
+QRect toDisplayPixels(QPainter& painter, const QRectF& box) {
+  const QRect pixels = wholePixels(painter.deviceTransform().mapRect(box));
+  painter.setTransform(painter.deviceTransform().inverted());
+  return pixels;
+}
+
+void paintFrame(QPainter& painter, const QRect& box, int line, QColor colour) {
+  const QRegion inside(box.adjusted(line, line, -line, -line));
+  for (const QRect& edge : QRegion(box) - inside) painter.fillRect(edge, colour);
+}
+
 QFont fontFor(const Font& font) {
   constexpr float twipsPerPoint = 20;
   const QString family = QString::fromUtf8(font.family.data(), static_cast<qsizetype>(font.family.size()));
@@ -104,7 +108,6 @@ QFont fontFor(const Font& font) {
   // what every scale has, so that texts break alike at each.
   made.setHintingPreference(QFont::PreferNoHinting);
   made.setLetterSpacing(QFont::PercentageSpacing, 99);
-  made.setWordSpacing(-1);
   return made;
 }
 
@@ -113,15 +116,17 @@ qreal layOutText(QTextLayout& text, const Appearance& look) {
   QFont font = fontFor(look.font);
   text.setText(QString::fromStdString(look.text));
   text.setTextOption(QTextOption(alignmentOf(look)));
-  for (;; font.setPixelSize(font.pixelSize() - 1)) {
+  for (bool tight = false;;) {
     text.setFont(font);
     const auto height = heightInBox(text, look);
     if (height) return *height;
     if (font.pixelSize() <= smallest) return look.height / twipsPerPixel;
+    if (std::exchange(tight, true)) font.setPixelSize(font.pixelSize() - 1);
+    font.setWordSpacing(-1);
   }
 }
 
-View::View(Pictures& pictures, const Widget& widget, QWidget& parent)
+View::View(Pictures& pictures, Widget& widget, QWidget& parent)
     : QWidget(&parent), pictures_(pictures), widget_(widget) {
   setObjectName(QString::fromStdString(widget.name));
   setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -147,17 +152,19 @@ void View::refresh(ViewState state) {
 void View::paintEvent(QPaintEvent* /*event*/) {
   const Appearance& look = *drawn_;  // The widget itself may have gone with its screen.
   QPainter painter(this);
-  const QRect whole = wholePixels(painter.deviceTransform().mapRect(QRectF(rect())));
   const auto scaled = [scale = devicePixelRatioF()](qreal length) {
     return std::max(1, qRound(length * scale));
   };
   const bool fadedGround =
       look.role != Role::Button;  // A button's is the colour of whoever plays or has won.
   const QColor ink = fadedUnless(look.enabled, look.textColour);
+  const bool hasTick = look.role == Role::CheckBox;
+  constexpr int tickSide = 15;
   QRectF textBox = rect();
+  if (hasTick) textBox.setLeft(tickSide + 6);
 
   painter.save();
-  painter.setTransform(painter.deviceTransform().inverted());  // From here on, pixels of the display.
+  const QRect whole = toDisplayPixels(painter, rect());
   if (look.background) {
     painter.fillRect(whole, fadedUnless(look.enabled || !fadedGround, *look.background));
   }
@@ -170,26 +177,29 @@ void View::paintEvent(QPaintEvent* /*event*/) {
     const int line = scaled(look.role == Role::Piece ? 3 : 1);
     const qreal middle = scaled(look.role == Role::Piece ? 3 : 2) + line / 2.0;
     painter.setPen(QPen(ink, line, look.pickedUp ? Qt::SolidLine : Qt::DashLine, Qt::FlatCap, Qt::MiterJoin));
-    painter.drawRect(QRectF(whole).adjusted(middle, middle, -middle, -middle));
+    QRectF marked(whole);
+    if (hasTick) marked.setLeft(whole.left() + scaled(tickSide + 1));
+    painter.drawRect(marked.adjusted(middle, middle, -middle, -middle));
   }
-  if (look.role == Role::CheckBox) {
-    constexpr int side = 15;
-    const QSize tick(scaled(side), scaled(side));
+  if (hasTick) {
+    const QSize tick(scaled(tickSide), scaled(tickSide));
     paintTick(painter, look, {whole.topLeft() + QPoint(0, (whole.height() - tick.height()) / 2), tick},
               scaled(1));
-    textBox.setLeft(side + 6);
   }
   painter.restore();
 
   if (look.text.empty()) return;
   if (state_.down) textBox.translate(1, 1);  // A button that is held down sinks.
   QTextLayout text;
-  const qreal height = layOutText(text, look);
-  // Buttons, dice and totals have their text in the middle, running text starts at the top.
-  const bool middle = look.border || look.role == Role::CheckBox;
+  layOutText(text, look);
+  // Buttons, dice and totals have their letters in the middle, wherever their font keeps room for accents;
+  // running text starts at the top.
+  if (look.border || hasTick) {
+    const qreal capitals = QFontMetricsF(text.font()).capHeight();
+    textBox.translate(0, std::floor((textBox.height() + capitals) / 2 - text.lineAt(0).ascent()));
+  }
   painter.setPen(ink);
-  text.draw(&painter,
-            textBox.topLeft() + QPointF(0, middle ? std::round((textBox.height() - height) / 2) : 0));
+  text.draw(&painter, textBox.topLeft());
 }
 
 }  // namespace platform::qt

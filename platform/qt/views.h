@@ -15,11 +15,18 @@ inline constexpr float twipsPerPixel = 15;  // At 96 dots per inch; Qt adds the 
 /// The whole pixels nearest to a place in twips.
 int pixels(float twips);
 
+/// Has `painter` paint in pixels of the display from here on, and returns those that `box` covers of its
+/// widget. Lines are as thick wherever the scale of the display lets their edges fall.
+QRect toDisplayPixels(QPainter& painter, const QRectF& box);
+
+/// Paints a frame of this many pixels just inside `box`.
+void paintFrame(QPainter& painter, const QRect& box, int line, QColor colour);
+
 /// The font a text is drawn in, sized in pixels so that it keeps its proportion to its box on every display.
 QFont fontFor(const Font& font);
 
-/// Breaks a widget's text into lines that fit its box, in smaller letters where its own would not, and
-/// returns the height they take together, in pixels.
+/// Breaks a widget's text into lines that fit its box, with words closer together or even in smaller letters
+/// where its own would not, and returns the height they take together, in pixels.
 qreal layOutText(QTextLayout& text, const Appearance& look);
 
 /// How the keyboard and the mouse have a widget, as far as that shows.
@@ -34,18 +41,18 @@ struct ViewState {
 /// hears for all.
 class View final : public QWidget {
  public:
-  View(Pictures& pictures, const Widget& widget, QWidget& parent);
+  View(Pictures& pictures, Widget& widget, QWidget& parent);
 
   /// Brings it up to date if anything that can be seen has changed since the last time.
   void refresh(ViewState state);
 
-  const Widget& widget() const { return widget_; }
+  Widget& widget() const { return widget_; }
 
  private:
   void paintEvent(QPaintEvent* event) override;
 
   Pictures& pictures_;
-  const Widget& widget_;
+  Widget& widget_;
   std::optional<Appearance> drawn_;  // As it was last shown; nothing before the first time.
   ViewState state_;
 };

@@ -11,6 +11,7 @@
 #include <tuple>
 
 #include "app/register_screens.h"
+#include "platform/qt/keys.h"
 #include "platform/qt/qt_desktop.h"
 
 namespace {
@@ -83,7 +84,8 @@ TEST_F(Program, EveryTextFitsItsBox) {
         const qreal width = lines.width();
         EXPECT_LE(width, widget->width / 15) << screen << ' ' << widget->name << ": " << text;
         EXPECT_LE(height, widget->height / 15) << screen << ' ' << widget->name << ": " << text;
-        EXPECT_TRUE(otherFonts || layout.font() == platform::qt::fontFor(widget->font))
+        EXPECT_TRUE(otherFonts ||
+                    layout.font().pixelSize() == platform::qt::fontFor(widget->font).pixelSize())
             << screen << ' ' << widget->name << ": " << text;
         placed.emplace_back(text, QRectF(lines.left() + widget->left / 15, widget->top / 15, width, height));
       }
@@ -173,29 +175,61 @@ TEST_F(Program, LinesAreWholePixelsOfTheDisplay) {
   }
 }
 
+TEST_F(Program, APageHasALineAroundThatLeavesItsNumberRoom) {
+  const QImage drawn = open("Wembickrules").grab().toImage();
+  const QRgb ground = qRgb(0, 0, 255);
+  const QRgb line = qRgb(0, 0, 0);
+  const int thick = qRound(drawn.devicePixelRatio());
+  const QPoint edge(drawn.width() - 1, drawn.height() - 1);
+  const QPoint middle = edge / 2;
+  for (const auto& [at, step] :
+       std::initializer_list<std::pair<QPoint, QPoint>>{{{0, middle.y()}, {1, 0}},
+                                                        {{edge.x(), middle.y()}, {-1, 0}},
+                                                        {{middle.x(), 0}, {0, 1}},
+                                                        {{middle.x(), edge.y()}, {0, -1}}}) {
+    EXPECT_EQ(drawn.pixel(at), line);
+    EXPECT_EQ(drawn.pixel(at + step * (thick - 1)), line);
+    EXPECT_EQ(drawn.pixel(at + step * thick), ground);
+  }
+  EXPECT_EQ(drawn.pixel(0, 0), ground);
+}
+
 TEST_F(Program, APageBelievesItsPictureWithinReason) {
   const QString before = QDir::currentPath();
   const QTemporaryDir folder;
   QDir(folder.path()).mkdir("Images");
   QDir::setCurrent(folder.path());
   const QSize designed(189, 235);
-  for (const auto& [pixels, dotsPerInch, format, size, drawn] :
-       std::initializer_list<std::tuple<QSize, int, const char*, QSize, bool>>{
-           {{150, 100}, 96, "jpg", {150, 100}, true},
-           {{150, 100}, 192, "jpg", {75, 50}, true},
-           {{150, 100}, 1, "jpg", designed, true},
-           {{3000, 30}, 96, "jpg", designed, true},
-           {{5800, 5800}, 4800, "jpg", designed, false},
-           {{150, 100}, 96, "png", designed, false}}) {
+  enum Damage { None, CutShort, Rubbish };
+  for (const auto& [pixels, dotsPerInch, format, damage, size, drawn] :
+       std::initializer_list<std::tuple<QSize, int, const char*, Damage, QSize, bool>>{
+           {{150, 100}, 96, "jpg", None, {150, 100}, true},
+           {{150, 100}, 192, "jpg", None, {75, 50}, true},
+           {{150, 100}, 1, "jpg", None, designed, true},
+           {{3000, 30}, 96, "jpg", None, designed, true},
+           {{5800, 5800}, 4800, "jpg", None, designed, false},
+           {{150, 100}, 96, "png", None, designed, false},
+           {{150, 100}, 96, "jpg", CutShort, designed, false},
+           {{150, 100}, 96, "jpg", Rubbish, designed, false}}) {
     QImage picture(pixels, QImage::Format_RGB32);
     picture.fill(Qt::red);
     picture.setDotsPerMeterX(qRound(dotsPerInch / 0.0254));
     picture.setDotsPerMeterY(qRound(dotsPerInch / 0.0254));
     ASSERT_TRUE(picture.save("Images/start.jpg", format));
+    QFile file("Images/start.jpg");
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    if (damage == CutShort) file.resize(file.size() - 2);
+    if (damage == Rubbish) {
+      file.seek(file.size() - 9);
+      file.write("\xFF\x4A");
+    }
+    file.close();
     open("Wembickrules");
     const QImage shown = window("Wembickrules").grab(QRect(576, 288, 40, 40)).toImage();
-    EXPECT_EQ(view("Wembickrules", "Image1").size(), size) << pixels.width() << ' ' << dotsPerInch;
-    EXPECT_EQ(shown.pixelColor(shown.rect().center()).red() > 200, drawn) << pixels.width() << format;
+    EXPECT_EQ(view("Wembickrules", "Image1").size(), size)
+        << pixels.width() << ' ' << dotsPerInch << ' ' << damage;
+    EXPECT_EQ(shown.pixelColor(shown.rect().center()).red() > 200, drawn)
+        << pixels.width() << format << damage;
     window("Wembickrules").close();
     QCoreApplication::processEvents();  // A window goes in its turn.
   }
@@ -277,6 +311,27 @@ TEST_F(Program, KeysReachTheirScreen) {
   EXPECT_FALSE(sound.checked);
   for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return}) QTest::keyClick(&window, key);
   EXPECT_TRUE(sound.checked);
+
+  constexpr quint32 two = 11;
+  constexpr quint32 t = 28;
+  constexpr quint32 l = 46;
+  const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+  for (const auto& [key, scanCode, modifiers, held, expected] : std::initializer_list<
+           std::tuple<int, quint32, Qt::KeyboardModifiers, bool, std::optional<platform::Key>>>{
+           {Qt::Key_Eacute, two, {}, false, platform::Key{'2'}},
+           {Qt::Key_2, two, shift, false, platform::Key{'2'}},
+           {Qt::Key_6, two, {}, false, platform::Key{'6'}},
+           {0x435, t, {}, false, platform::Key::T},
+           {Qt::Key_D, t, {}, false, platform::Key::D},
+           {Qt::Key_T, t, Qt::ControlModifier, false, std::nullopt},
+           {Qt::Key_T, t, {}, true, std::nullopt},
+           {Qt::Key_L, l, {}, false, std::nullopt},
+           {Qt::Key_Enter, 0, Qt::KeypadModifier, false, platform::Key::Return},
+           {Qt::Key_Space, 0, {}, true, std::nullopt},
+           {Qt::Key_Left, 0, {}, true, platform::Key::Left}}) {
+    const QKeyEvent press(QEvent::KeyPress, key, modifiers, scanCode, 0, 0, {}, held);
+    EXPECT_EQ(platform::qt::keyFrom(press), expected) << key << ' ' << scanCode;
+  }
 }
 
 /// What a screen reader finds: a line for each part with its role, its name and what it can do.
@@ -301,7 +356,6 @@ std::string told(QAccessibleInterface& window) {
 
 TEST_F(Program, AReaderFindsEveryScreenInItsOrder) {
   options.playerCount = 2;
-  const std::string footer = "text: Fair winds and a full hold!\n";
   const std::string board = R"(text: ORANGE TO PLAY
 text: ROUND 1 OF 4
 button (here): Throw Dice
@@ -319,20 +373,8 @@ text: Orange 0
 text: Magenta 0
 button: New Game
 button: Exit
-)" + footer;
-  const std::map<std::string_view, std::string> expected{{"Startplay2", R"(heading: Tolvane
-button (here): The Rules
-box (ticked): Play Sound
-heading: Select Number of Players
-button: 1 player, against the computer
-button: 2 players
-button: 3 players
-button: 4 players
-link: https://tolvane.example/
-button: Exit
-)" + footer},
-                                                         {"tolvane", board},
-                                                         {"Grey", ""}};
+text: Fair winds and a full hold!
+)";
   for (const char* screen : {"Titlefrm", "Startplay2", "Grey", "tolvane", "tolvanecomputer", "Wembickrules",
                              "Wembickrules2", "Wembickrules2b"}) {
     SCOPED_TRACE(screen);
@@ -355,8 +397,7 @@ button: Exit
       EXPECT_EQ(shown.children().back(), die);
     }
     const std::string parts = told(reader);
-    const auto row = expected.find(screen);
-    EXPECT_TRUE(row == expected.end() || parts == row->second) << parts;
+    EXPECT_TRUE(std::string_view(screen) != "tolvane" || parts == board) << parts;
     EXPECT_EQ(parts.empty(), backdrop);
   }
   // What a reader does in the player's place.

@@ -1,0 +1,55 @@
+#include "platform/qt/keys.h"
+
+#include <algorithm>
+#include <array>
+
+namespace platform::qt {
+
+namespace {
+
+struct NamedKey {
+  int code;  // In Qt.
+  Key key;
+  bool repeats = false;  // A key held down presses a button once, but moves on.
+};
+
+constexpr std::array namedKeys{
+    NamedKey{Qt::Key_Tab, Key::Tab, true},       NamedKey{Qt::Key_Backtab, Key::BackTab, true},
+    NamedKey{Qt::Key_Left, Key::Left, true},     NamedKey{Qt::Key_Right, Key::Right, true},
+    NamedKey{Qt::Key_Up, Key::Up, true},         NamedKey{Qt::Key_Down, Key::Down, true},
+    NamedKey{Qt::Key_PageUp, Key::PageUp},       NamedKey{Qt::Key_PageDown, Key::PageDown},
+    NamedKey{Qt::Key_Backspace, Key::Backspace}, NamedKey{Qt::Key_F1, Key::F1},
+    NamedKey{Qt::Key_Return, Key::Return},       NamedKey{Qt::Key_Enter, Key::Return},
+    NamedKey{Qt::Key_Escape, Key::Escape},       NamedKey{Qt::Key_Space, Key::Space}};
+
+/// A letter or digit, and where it is on a Latin keyboard.
+struct Place {
+  quint32 scanCode;
+  char character;
+};
+
+constexpr std::array places{Place{10, '1'}, Place{11, '2'}, Place{12, '3'}, Place{13, '4'},
+                            Place{14, '5'}, Place{15, '6'}, Place{25, 'W'}, Place{27, 'R'},
+                            Place{28, 'T'}, Place{39, 'S'}, Place{40, 'D'}};
+
+}  // namespace
+
+std::optional<Key> keyFrom(const QKeyEvent& event) {
+  constexpr Qt::KeyboardModifiers ours = Qt::ShiftModifier | Qt::KeypadModifier;
+  if ((event.modifiers() & ~ours) != Qt::NoModifier) return std::nullopt;
+  const auto named = std::find_if(namedKeys.begin(), namedKeys.end(),
+                                  [&](const NamedKey& known) { return known.code == event.key(); });
+  if (event.isAutoRepeat() && (named == namedKeys.end() || !named->repeats)) return std::nullopt;
+  if (named != namedKeys.end()) return named->key;
+  // Where letters are others and digits need Shift, a key counts by its place; what it gives comes first.
+  auto found = std::find_if(places.begin(), places.end(),
+                            [&](const Place& place) { return place.character == event.key(); });
+  if (found == places.end()) {
+    found = std::find_if(places.begin(), places.end(),
+                         [&](const Place& place) { return place.scanCode == event.nativeScanCode(); });
+  }
+  if (found == places.end()) return std::nullopt;
+  return Key{found->character};
+}
+
+}  // namespace platform::qt
