@@ -203,8 +203,8 @@ TEST(Mouse, IsHeardByWhatItIsOver) {
       p1:d+m:9/-9+m:999/1009 d1@-491/-500+d1@499/500                              p1:d+l:f dup@350/50+f0@50/50
       p1:d+p2:a+m:a+r1:d+m:d+r2:d d3@-450/-450+dup@50/50+d2@50/50+dup@50/50      p1:d+r1:d+m:d dup@50/50+d0@50/50
       p1:a+r1:a+p1:a+r1:a [a]+a+[]+[a]+a+[]
-      p1:n+r1:n+w399+p1:a+r1:a [n]+Off+we+go.+[]
-      p1:n+r1:n+w400+p1:a+r1:a [n]+Off+we+go.+[]+[a]+(a)+[]
+      w1000+p1:n+r1:n+w399+p1:a+r1:a [n]+Off+we+go.+[]
+      w1000+p1:n+r1:n+w400+p1:a+r1:a [n]+Off+we+go.+[]+[a]+(a)+[]
       p1:n+r1:n+p1:a+r1:a+p1:a+r1:a [n]+Off+we+go.+[]+[a]+(a)+[]
       p1:a+C+tab+r1:a+X [a]+a+[]+keyX)")) {
     EXPECT_EQ(heardOf(events), heard) << events;
