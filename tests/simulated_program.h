@@ -45,7 +45,10 @@ struct EmptyFolder {
   std::string made = "/tmp/tolvane-test-XXXXXX";
 
   EmptyFolder() { std::filesystem::current_path(mkdtemp(made.data())); }
-  ~EmptyFolder() { std::filesystem::current_path(before), std::filesystem::remove_all(made); }
+  ~EmptyFolder() {
+    std::filesystem::current_path(before);
+    std::filesystem::remove_all(made);
+  }
 };
 
 class SimulatedProgram {

@@ -99,7 +99,8 @@ class Game : tests::SimulatedProgram {
         desktop.advance(bytes_.PickValueInArray(waits));
         break;
       default:
-        oneOf(16) == 0 ? desktop.closeWindow(screen.name()) : goOn();
+        if (oneOf(16) > 0) return goOn();
+        desktop.closeWindow(screen.name());
     }
   }
 
@@ -122,39 +123,45 @@ class Game : tests::SimulatedProgram {
 
   bool gameOver() { return findBoard() && at("Label6").text == "END OF GAME"; }
 
-  void press(std::string_view screen, char key) { desktop.pressKey(screen, Key{key}); }
+  void press(char key) { desktop.pressKey(board, Key{key}); }
 
   void goOn() {
     if (!findBoard()) {
       openNext();
     } else if (!gameOver()) {
-      if (places() != "hhhhh") byKeys_ ? gatherByKeys() : gather();
-      const bool allThere = std::string_view("654").find_first_not_of(faces()) == std::string_view::npos;
-      allThere ? setAllAside() : throwDice();
+      takeTurn();
     }
     desktop.advance(5000);
   }
 
   void openNext() {
     for (const char* page : {"Wembickrules", "Wembickrules2", "Wembickrules2b"}) {
-      byKeys_ ? desktop.pressKey(page, Key::Escape) : void(desktop.click(page, "Label3(0)"));
+      desktop.click(page, "Label3(0)");
     }
     desktop.click("Startplay2", platform::indexed("Label1", players_ - 1));
     desktop.click("Titlefrm", "Label6");
-    byKeys_ ? desktop.pressKey("Titlefrm", Key::Return) : void(desktop.click("Titlefrm", "Label5"));
+    desktop.click("Titlefrm", "Label5");
   }
 
-  void throwDice() {
-    const platform::Widget& button = at("Label2(3)");
-    const platform::MouseEvent there{platform::leftButton, button.left + 60, button.top + 60};
-    byKeys_ ? press(board, 'T') : desktop.drag(board, there, there);
+  void takeTurn() {
+    const bool allThere = std::string_view("654").find_first_not_of(faces()) == std::string_view::npos;
+    if (byKeys_) {
+      gatherByKeys();
+      for (const char face : allThere ? "654" + faces() : "T") press(face);
+    } else {
+      gather();
+      if (allThere) {
+        setAllAside();
+      } else {
+        const platform::Widget& button = at("Label2(3)");
+        const platform::MouseEvent there{platform::leftButton, button.left + 60, button.top + 60};
+        desktop.drag(board, there, there);
+      }
+    }
   }
 
   void setAllAside() {
-    for (const char face : "654" + faces()) {
-      if (byKeys_) press(board, face);
-    }
-    for (std::size_t icon = 0; icon < game::icons.size() && !byKeys_; ++icon) {
+    for (std::size_t icon = 0; icon < game::icons.size(); ++icon) {
       for (std::size_t i = 0; i < game::diceCount; ++i) {
         const auto kind = static_cast<game::IconKind>(icon);
         const bool empty = places().find(static_cast<char>('0' + icon)) == std::string::npos;
@@ -176,10 +183,10 @@ class Game : tests::SimulatedProgram {
 
   // Picks up each die and puts it down where it is, which sends it home.
   void gatherByKeys() {
-    press(board, static_cast<char>(Key::Escape));
+    desktop.pressKey(board, Key::Escape);
     for (const std::size_t die : {0U, 1U, 2U, 3U, 4U}) {
       desktop.find(board)->setFocus(this->die(die));
-      for (int time = 0; time < 2 && places()[die] != 'h'; ++time) press(board, ' ');
+      for (int time = 0; time < 2 && places()[die] != 'h'; ++time) press(' ');
     }
   }
 

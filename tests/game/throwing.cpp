@@ -7,25 +7,23 @@
 TEST(Throwing, RollsAndSettlesToTheMillisecond) {
   tests::SimulatedProgram game(2);
   // What chance says: for each die how many hundredths of draws, and, for a die at home, each draw in sixths;
-  // where the dice then lie, and what they show.
+  // where the dice then lie, and what they show. A die not drawn shows a 1, or the face it had; those of the
+  // next seat have none to keep.
   const std::tuple<std::deque<double>, std::string, std::string> throws[] = {
       {{0, 0.0099, 0.01, 0.999, 0.03, 0, 0.99, 0.5, 0.019, 0.67},
        "hhhhh",
-       "250 33333; 1000 13333; 1250 11333; 1500 11633; 1750 11643; 1250 times; 11645"},  // A die not drawn
-                                                                                         // shows a 1,
-      {{0, 0.5, 0.01, 0.7, 0.5, 0.01, 0.2},
-       "h3h?h",
-       "5 31343; 250 11343; 750 11543; 447 times; 11542"},  // or the face it had.
+       "250 33333; 1000 13333; 1250 11333; 1500 11633; 1750 11643; 1250 times; 11645"},
+      {{0, 0.5, 0.01, 0.7, 0.5, 0.01, 0.2}, "h3h?h", "5 31343; 250 11343; 750 11543; 447 times; 11542"},
       {{0.5, 0.5, 0.5, 0.5, 0.5}, "?????", "0 times; 11542"},
-      {{0, 0, 0, 0, 0},
-       "hhhhh",
-       "5 33333; 250 13333; 500 11333; 750 11133; 1000 11113; 745 times; 11111"},  // The next seat's dice
-                                                                                   // have no face to keep.
+      {{0, 0, 0, 0, 0}, "hhhhh", "5 33333; 250 13333; 500 11333; 750 11133; 1000 11113; 745 times; 11111"},
   };
   int count = 0;
   for (const auto& [script, places, seen] : throws) {
     const int number = count++ % 3 + 1;
-    if (count == 2) game.dragDice("-3"), game.drag(3, 600, 5000);  // These two are thrown no more,
+    if (count == 2) {  // These two are thrown no more,
+      game.dragDice("-3");
+      game.drag(3, 600, 5000);
+    }
     for (std::size_t die = 0; count == 3 && die < 5; ++die) game.drag(die, 600, 5000);  // and then none.
     EXPECT_EQ(game.places(), places);
     game.heard();
@@ -35,10 +33,10 @@ TEST(Throwing, RollsAndSettlesToTheMillisecond) {
     EXPECT_EQ(game.at("Label8").text + " " + game.heard(), "THROW " + std::to_string(number) + " cupdice");
     EXPECT_TRUE(game.at("Label8").visible && game.at("Label10").visible);
     EXPECT_EQ(game.at("Label2(3)").enabled, number < 3);
-    const std::string watched = game.watchDice(count == 1 ? 1999 : 1249, [&game, &places = places, count] {
+    const std::string watched = game.watchDice(count == 1 ? 1999 : 1249, [&game, &lie = places, count] {
       game.click("Label2(3)");  // Rolling dice can be neither thrown nor dragged.
       for (const std::size_t die : {0U, 1U}) game.drag(die, 600, 5000);
-      ASSERT_EQ(game.places() + game.heard(), places);
+      ASSERT_EQ(game.places() + game.heard(), lie);
       ASSERT_EQ(game.desktop.chance().reseeds, count);
     });
     game.desktop.advance(1);
