@@ -1,9 +1,6 @@
 // Which dice the computer sets aside for which icons, and how many points that makes.
 #include "computer/decisions.h"
 
-#include <cmath>
-
-#include "game/numbers.h"
 #include "simulated_program.h"
 
 namespace {
@@ -40,47 +37,6 @@ TEST(Decisions, FollowTheRulesOfTheThrow) {
        rows >> throwCount >> faces >> places && getline(rows, chosen, ';');) {
     EXPECT_EQ(setAside(faces, places, throwCount) + " ", chosen) << throwCount << " " << faces;
   }
-}
-
-TEST(Decisions, TakeWhatEveryFirstThrowOffers) {
-  for (int number = 0; number < 6 * 6 * 6 * 6 * 6; ++number) {
-    std::string faces;
-    for (int rest = number; faces.size() < game::diceCount; rest /= 6) faces += "123456"[rest % 6];
-    // The rule once more: the first 6, 5 and 4; if all three are there, what else is a 5 or a 6.
-    std::string expected;
-    std::string left = faces;
-    for (const std::string icon : {"0 6", "1 5", "2 4", "3 56", "4 56"}) {
-      const auto die = left.find_first_of(icon.substr(2));
-      if (die == std::string::npos || (icon > "3" && expected.size() < 9)) continue;
-      left[die] = '.';
-      expected += " " + std::to_string(die) + icon[0];
-    }
-    std::string places = ".....";
-    ASSERT_EQ(setAside(faces, places, 1), expected) << faces;
-  }
-}
-
-TEST(Decisions, MakeThePointsThatTheOddsPromise) {
-  constexpr double expected = 5.24961;  // By bench/odds.
-  constexpr int turns = 2000;
-  double sum = 0;
-  double sumOfSquares = 0;
-  tests::SimulatedProgram program;
-  for (int turn = 0; turn < turns; ++turn) {
-    program.resumeAgainstComputer(1, 1);
-    for (int seconds = 0; program.at("Label1").text != "TURN OVER"; ++seconds) {
-      ASSERT_LT(seconds, 60);
-      program.desktop.advance(1000);
-    }
-    const double points = game::numberShown(program.at("Label9").text);
-    sum += points;
-    sumOfSquares += points * points;
-    program.desktop.closeWindow(program.board);
-    program.heard();
-  }
-  const double mean = sum / turns;
-  const double standardError = std::sqrt((sumOfSquares / turns - mean * mean) / (turns - 1));
-  EXPECT_NEAR(mean, expected, 4 * standardError);
 }
 
 }  // namespace

@@ -6,34 +6,43 @@
 
 TEST(Throwing, RollsAndSettlesToTheMillisecond) {
   tests::SimulatedProgram game(2);
-  // What chance says: for each die how many hundredths of draws, and, for a die at home, each draw in sixths.
-  const std::pair<std::deque<double>, std::string> throws[] = {
-      {{0, 0.0099, 0.01, 0.999, 0.03, 0, 0.99, 0.5, 0.019, 0.67}, "11645"},  // A die not drawn shows a 1,
-      {{0, 0.5, 0.01, 0.7, 0.5, 0.01, 0.2}, "11542"},                        // or the face it had.
-      {{0.5, 0.5, 0.5, 0.5, 0.5}, "11542"},
-      {{0, 0, 0, 0, 0}, "11111"},  // The next seat's dice have no face to keep.
+  // What chance says: for each die how many hundredths of draws, and, for a die at home, each draw in sixths;
+  // where the dice then lie, and what they show. A die not drawn shows a 1, or the face it had; those of the
+  // next seat have none to keep.
+  const std::tuple<std::deque<double>, std::string, std::string> throws[] = {
+      {{0, 0.0099, 0.01, 0.999, 0.03, 0, 0.99, 0.5, 0.019, 0.67},
+       "hhhhh",
+       "250 33333; 1000 13333; 1250 11333; 1500 11633; 1750 11643; 1250 times; 11645"},
+      {{0, 0.5, 0.01, 0.7, 0.5, 0.01, 0.2}, "h3h?h", "5 31343; 250 11343; 750 11543; 447 times; 11542"},
+      {{0.5, 0.5, 0.5, 0.5, 0.5}, "?????", "0 times; 11542"},
+      {{0, 0, 0, 0, 0}, "hhhhh", "5 33333; 250 13333; 500 11333; 750 11133; 1000 11113; 745 times; 11111"},
   };
   int count = 0;
-  for (const auto& [script, thrown] : throws) {
+  for (const auto& [script, places, seen] : throws) {
     const int number = count++ % 3 + 1;
-    const std::string before = game.faces(), places = game.places();
+    if (count == 2) {  // These two are thrown no more,
+      game.dragDice("-3");
+      game.drag(3, 600, 5000);
+    }
+    for (std::size_t die = 0; count == 3 && die < 5; ++die) game.drag(die, 600, 5000);  // and then none.
+    EXPECT_EQ(game.places(), places);
+    game.heard();
     game.desktop.chance().script = script;
     game.click("Label2(3)");
     EXPECT_TRUE(game.desktop.chance().script.empty());
     EXPECT_EQ(game.at("Label8").text + " " + game.heard(), "THROW " + std::to_string(number) + " cupdice");
     EXPECT_TRUE(game.at("Label8").visible && game.at("Label10").visible);
     EXPECT_EQ(game.at("Label2(3)").enabled, number < 3);
-    game.watchThrow(before, thrown, places, count == 1 ? 250 : 5, count == 1 ? 1000 : 250, [&] {
+    const std::string watched = game.watchDice(count == 1 ? 1999 : 1249, [&game, &lie = places, count] {
       game.click("Label2(3)");  // Rolling dice can be neither thrown nor dragged.
       for (const std::size_t die : {0U, 1U}) game.drag(die, 600, 5000);
-      ASSERT_EQ(game.places() + game.heard(), places);
+      ASSERT_EQ(game.places() + game.heard(), lie);
       ASSERT_EQ(game.desktop.chance().reseeds, count);
     });
-    game.desktop.advance(5);
-    if (count == 1) game.dragDice("-3---"), game.drag(3, 600, 5000);  // These two are thrown no more,
-    for (std::size_t die = 0; count == 2 && die < 5; ++die) game.drag(die, 600, 5000);  // and then none.
+    game.desktop.advance(1);
+    EXPECT_EQ(watched + "; " + game.faces(), seen);
+    game.desktop.advance(10);
     if (number == 3) game.desktop.advance(4000);
-    game.heard();
   }
 }
 

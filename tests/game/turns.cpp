@@ -33,14 +33,15 @@ TEST(Turn, IsScoredOrLost) {
       game.click("Label2(3)");
       game.desktop.advance(1249);
     }
-    const std::string throwNumber = ", ROUND 1 OF 4, THROW " + std::string(third.empty() ? "1" : "3");
-    EXPECT_TRUE(game.view().starts_with("ORANGE TO PLAY" + throwNumber));
+    const std::string toPlay =
+        "ORANGE TO PLAY, ROUND 1 OF 4, THROW " + std::string(third.empty() ? "1" : "3");
+    EXPECT_TRUE(game.view().starts_with(toPlay));
     game.heard();
-    third.empty() ? game.dragDice("----" + icons.substr(4)) : game.desktop.advance(1);
+    if (third.empty()) game.dragDice("----" + icons.substr(4));
+    game.desktop.advance(1);
     EXPECT_EQ(game.heard(), sounds);
     const bool over = !points.empty();
-    EXPECT_TRUE(game.view().starts_with(over ? "TURN OVER, ROUND 1 OF 4, " + game.faces()
-                                             : "ORANGE TO PLAY" + throwNumber));
+    EXPECT_TRUE(game.view().starts_with(over ? "TURN OVER, ROUND 1 OF 4, " + game.faces() : toPlay));
     const std::string total = over ? points + " SCORED, " + std::to_string(36 + std::stoi(points)) : "36";
     EXPECT_TRUE(game.view().ends_with(", hint, " + total + " 0 0")) << game.view();
     game.desktop.advance(4000);
@@ -53,53 +54,38 @@ TEST(Game, GivesEverySeatFourTurns) {
        {std::vector<float>{6540, 8440}, {5710, 7490, 9270}, {5160, 6820, 8480, 10140}}) {
     const std::size_t players = lefts.size();
     tests::SimulatedProgram game(static_cast<int>(players));
-    for (std::size_t i = 0; i < players; ++i)
-      EXPECT_EQ(game.at(platform::indexed("Label5", i)).left, lefts[i]);
     game.options.soundOn = 3 - static_cast<int>(players);  // 1, and two values that are not.
     std::vector<std::size_t> totals(players);
     for (std::size_t turn = 0; turn < 4 * players; ++turn) {
       SCOPED_TRACE("turn " + std::to_string(turn) + " for " + std::to_string(players));
-      const auto& [name, colour] = seats[turn % players];
+      const std::size_t seat = turn % players;
+      const auto& [name, colour] = seats[seat];
       const std::string round = ", ROUND " + std::to_string(turn / players + 1) + " OF 4, ";
+      EXPECT_EQ(game.at(platform::indexed("Label5", seat)).left, lefts[seat]);
       game.drag(0, 600, 5000);  // Not before it is thrown.
-      const std::string fresh = "----- hhhhh, " + std::string(turn == 0 ? "0" : "hint, ");
-      EXPECT_TRUE(game.view().starts_with(name + " TO PLAY" + round + fresh)) << game.view();
-      const bool lost = turn % 3 == 1;
-      const std::string faces = lost ? "11121" : "6541" + std::to_string(1 + turn % 6);
-      for (std::size_t i = 0; i < (turn % 3 == 0 ? 1 : 3); ++i)
-        game.throwFaces(faces), game.drag(0, 7680, 4320);
-      EXPECT_TRUE(wears(game, colour) && game.at("Label2(3)").textColour == colour);
+      EXPECT_TRUE(game.view().starts_with(name + " TO PLAY" + round + "----- hhhhh, ")) << game.view();
+      EXPECT_NE(game.at("Label8").visible, true);
+      const std::size_t points = turn % 3 == 1 ? 0 : 2 + turn % 6;
+      totals[seat] += points;
+      const std::string faces = points == 0 ? "11121" : "6541" + std::to_string(points - 1);
+      for (int number = 0; number < (turn % 3 == 0 ? 1 : 3); ++number) game.throwFaces(faces);
+      EXPECT_TRUE(wears(game, colour));
+      EXPECT_EQ(game.at("Label2(3)").textColour, colour);
       EXPECT_EQ(game.at("Label8").textColour, colour);
-      if (!lost) game.dragDice("01234"), totals[turn % players] += 2 + turn % 6;
+      if (points > 0) game.dragDice("01234");
       EXPECT_EQ(!game.heard().empty(), game.options.soundOn == 1);
-      game.desktop.advance(lost ? 4000 - (tests::aWholeThrow - 1250) - 1 : 3999);
+      game.desktop.advance(points == 0 ? 1250 + 4000 - tests::aWholeThrow - 1 : 3999);
       for (const char* button : {"Label2(2)", "Label2(3)", "Label2(4)"}) game.click(button);
-      for (std::size_t i = 0; i < 5; ++i) game.drag(i, 600, 5000);
-      std::string over = "TURN OVER" + round + faces +
-                         (lost ? " hhhhh, hint, 0" : " 01234, hint, " + std::to_string(2 + turn % 6)) +
-                         " SCORED,";
+      game.drag(0, 600, 5000);
+      std::string over = "TURN OVER" + round + faces + (points == 0 ? " hhhhh" : " 01234") + ", hint, " +
+                         std::to_string(points) + " SCORED,";
       for (const std::size_t total : totals) over += " " + std::to_string(total);
       EXPECT_EQ(game.view() + game.heard(), over);
       EXPECT_TRUE(wears(game, colour));
       game.desktop.advance(1);
     }
-    game.desktop.advance(250);
     EXPECT_EQ(game.at("Label6").text, "END OF GAME");
-    game.click("Label2(4)");
-    EXPECT_EQ(game.heard(), game.options.soundOn == 1 ? "klaxon shipbell" : "");
   }
-}
-
-// Comes to the end of the game with these totals ("30 30"): the last turn scores nothing.
-static void endWith(tests::SimulatedProgram& game, const std::string& totals) {
-  std::istringstream numbers(totals);
-  game.state = {.currentSeat = -1, .roundNumber = 4, .seatScore = {}};
-  for (std::string total; numbers >> total;)
-    game.at("Label5(" + std::to_string(++game.state.currentSeat) + ")").text = total;
-  game.throwFaces("66654");
-  game.dragDice("00012");
-  game.heard();
-  game.desktop.advance(4000);
 }
 
 TEST(Game, NamesTheWinnerOrADraw) {
@@ -107,66 +93,43 @@ TEST(Game, NamesTheWinnerOrADraw) {
       30+30 0 draw   20+35+35 1 draw   10+25+40+40 2 draw   0+0+0+0 0 draw   40+10+10+10 0 won
       12+30+18 1 won   9+10 1 won   30+30+31 2 won   5+45+9+48 3 won)")) {
     SCOPED_TRACE(totals);
-    tests::SimulatedProgram game(1 + static_cast<int>(std::count(totals.begin(), totals.end(), ' ')));
+    const int players = 1 + static_cast<int>(std::count(totals.begin(), totals.end(), ' '));
+    tests::SimulatedProgram game(players);
     const auto& [name, colour] = seats[std::stoul(seat)];
     const bool draw = outcome == "draw";
-    for (const int ticks : {21, 33000}) {  // Once for seconds, and once for hours.
-      endWith(game, totals);
-      EXPECT_EQ(game.view(),
-                (draw ? "IT'S A DRAW" : name + " HAS WON!") + ", END OF GAME, ----- hhhhh, hint, " + totals);
-      EXPECT_TRUE(game.desktop.said.back().starts_with(
-          "End of game. " + (draw ? "IT'S A DRAW." : name + " HAS WON!") + " Orange "));
-      game.desktop.pressKey(game.board, platform::Key::W);
-      EXPECT_EQ(game.desktop.said.back(),
-                draw ? "IT'S A DRAW. END OF GAME." : name + " HAS WON! END OF GAME.");
-      EXPECT_TRUE(wears(game, colour) && game.at("Label2(3)").background == colour);
-      EXPECT_EQ(game.heard(), draw ? "klaxon" : "");
-      for (int tick = 0; tick < ticks; ++tick) {
-        ASSERT_EQ(game.at("Label1").textColour, !draw && tick % 2 == 1 ? platform::white : colour) << tick;
-        ASSERT_EQ(game.heard(), !draw && tick % 8 == 1 ? "klaxon" : "") << tick;
-        ASSERT_TRUE(game.click("Label2(3)"));  // No throw is taken.
-        game.desktop.advance(250);
-      }
-      game.click("Label2(4)");
-      game.desktop.advance(1);
-    }
-  }
-}
-
-TEST(Game, StartsAfreshFromEveryState) {
-  using Program = tests::SimulatedProgram;
-  // How each is reached, and the throw counter, which stays until the next throw.
-  const std::pair<std::function<void(Program&)>, std::string> states[] = {
-      {[](Program& game) { game.click("Label2(3)"); }, "THROW 1, "},
-      {[](Program& game) { game.click("Label2(3)"), game.desktop.advance(400); }, "THROW 1, "},
-      {[](Program& game) { game.click("Label2(3)"), game.desktop.advance(1600); }, "THROW 1, "},
-      {[](Program& game) { game.throwFaces("65423"), game.dragDice("0-3"), game.drag(4, 600, 5000); },
-       "THROW 1, "},
-      {[](Program& game) {
-         for (int i = 0; i < 3; ++i) game.throwFaces("65412");
-       },
-       "THROW 3, "},
-      {[](Program& game) { endWith(game, "3 30 4"), game.desktop.advance(250); }, ""},
-      {[](Program& game) { endWith(game, "3 30 30"); }, ""},
-  };
-  for (const auto& state : states) {
-    SCOPED_TRACE(&state - states);
-    const auto& [reach, counter] = state;
-    Program game(3);
-    reach(game);
+    // The last turn scores nothing.
+    game.state = {.currentSeat = players - 1, .roundNumber = 4, .seatScore = {}};
+    std::istringstream numbers(totals);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(players); ++i)
+      numbers >> game.at(platform::indexed("Label5", i)).text;
+    game.throwFaces("66654");
+    game.dragDice("00012");
     game.heard();
-    game.click("Label2(4)");
-    EXPECT_EQ(game.heard(), "shipbell");
-    for (const int wait : {1, 10000}) {  // Nothing of a throw or of the flashing comes later.
-      game.desktop.advance(wait);
-      EXPECT_EQ(game.view() + game.heard(),
-                "ORANGE TO PLAY, ROUND 1 OF 4, " + counter + "----- hhhhh, hint, 0 0 0");
-      EXPECT_TRUE(wears(game, seats[0].second) && game.at("Label2(3)").background == platform::black);
+    game.desktop.advance(4000);
+    const std::string who = draw ? "IT'S A DRAW" : name + " HAS WON!";
+    EXPECT_EQ(game.view(), who + ", END OF GAME, ----- hhhhh, hint, " + totals);
+    EXPECT_TRUE(game.desktop.said.back().starts_with("End of game. " + who + (draw ? "." : "") + " Orange "));
+    EXPECT_TRUE(wears(game, colour));
+    EXPECT_EQ(game.at("Label2(3)").background, colour);
+    EXPECT_EQ(game.heard(), draw ? "klaxon" : "");
+    for (int tick = 0; tick < 21; ++tick) {
+      ASSERT_EQ(game.at("Label1").textColour, !draw && tick % 2 == 1 ? platform::white : colour) << tick;
+      ASSERT_EQ(game.heard(), !draw && tick % 8 == 1 ? "klaxon" : "") << tick;
+      game.click("Label2(3)");  // No throw is taken.
+      game.desktop.advance(250);
     }
-    game.throwFaces("65411");
-    EXPECT_EQ(game.view(), "ORANGE TO PLAY, ROUND 1 OF 4, THROW 1, 65411 hhhhh, hint, 0 0 0");
-    game.dragDice("01234");
-    game.desktop.advance(3999);
-    EXPECT_EQ(game.view(), "TURN OVER, ROUND 1 OF 4, 65411 01234, hint, 2 SCORED, 2 0 0");
+    for (const int wait : {400, 1600}) {  // A new game, and one more in mid-throw: nothing comes later.
+      game.click("Label2(4)");
+      EXPECT_EQ(game.heard(), "shipbell");
+      game.desktop.advance(10000);
+      EXPECT_EQ(game.view().substr(0, 31),
+                "ORANGE TO PLAY, ROUND 1 OF 4, " + std::string(wait == 400 ? "-" : "T"));
+      EXPECT_EQ(game.faces() + game.heard(), "-----");
+      EXPECT_TRUE(wears(game, seats[0].second));
+      EXPECT_EQ(game.at("Label2(3)").background, platform::black);
+      game.click("Label2(3)");
+      game.desktop.advance(wait);
+      EXPECT_EQ(game.heard(), "cupdice");
+    }
   }
 }

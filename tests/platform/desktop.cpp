@@ -45,19 +45,21 @@ TEST(Timer, KeepsItsRhythmAndCausesNoBurst) {
 }
 
 TEST(Timer, CountsFromWhenItIsEnabledOrSet) {
-  const std::pair<void (*)(platform::Timer&), std::optional<platform::Moment>> cases[] = {
-      {[](auto& timer) { timer.enable(); }, milliseconds(100)},
-      {[](auto& timer) { timer.setInterval(100); }, milliseconds(160)},
-      {[](auto& timer) { timer.setInterval(30); }, milliseconds(90)},
-      {[](auto& timer) { timer.disable(), timer.enable(); }, milliseconds(160)},
-      {[](auto& timer) { timer.disable(), timer.setInterval(30); }, std::nullopt},
-  };
-  for (const auto& [ask, next] : cases) {
+  // What a handler does after 60 ms (e: enable, d: disable, 1 and 3: set to 100 and 30 ms); the next tick.
+  for (const auto& [deeds, next] : tests::rows<2>("e 100   1 160   3 90   de 160   d3 -")) {
     platform::SimulatedDesktop desktop;
     platform::Timer& timer = startClock(desktop);
     desktop.stall(60);
-    desktop.handle([&timer, &ask = ask] { ask(timer); });
-    EXPECT_EQ(desktop.nextTick(), next) << "case " << &ask - &cases[0].first;
+    desktop.handle([&timer, &all = deeds] {
+      for (const char deed : all) {
+        if (deed == 'e') timer.enable();
+        if (deed == 'd') timer.disable();
+        if (deed == '1') timer.setInterval(100);
+        if (deed == '3') timer.setInterval(30);
+      }
+    });
+    const auto due = desktop.nextTick();
+    EXPECT_EQ(due ? std::to_string(*due / milliseconds(1)) : "", next) << deeds;
   }
 }
 
@@ -109,7 +111,10 @@ struct Panel final : platform::Screen {
         widget.onClick = [this, &widget] { note(widget.name + (widget.checked ? "!" : "")); };
       }
     }
-    parts["c"].onClick = [this] { note("c"), parts["c"].enabled = false; };
+    parts["c"].onClick = [this] {
+      note("c");
+      parts["c"].enabled = false;
+    };
     parts["c"].key = platform::Key{'C'};
     parts["n"].key = platform::Key::Return;
     parts["o"].key = platform::Key{'X'};  // Never heard: the screen itself comes first.
@@ -203,8 +208,8 @@ TEST(Mouse, IsHeardByWhatItIsOver) {
       p1:d+m:9/-9+m:999/1009 d1@-491/-500+d1@499/500                              p1:d+l:f dup@350/50+f0@50/50
       p1:d+p2:a+m:a+r1:d+m:d+r2:d d3@-450/-450+dup@50/50+d2@50/50+dup@50/50      p1:d+r1:d+m:d dup@50/50+d0@50/50
       p1:a+r1:a+p1:a+r1:a [a]+a+[]+[a]+a+[]
-      p1:n+r1:n+w399+p1:a+r1:a [n]+Off+we+go.+[]
-      p1:n+r1:n+w400+p1:a+r1:a [n]+Off+we+go.+[]+[a]+(a)+[]
+      w1000+p1:n+r1:n+w399+p1:a+r1:a [n]+Off+we+go.+[]
+      w1000+p1:n+r1:n+w400+p1:a+r1:a [n]+Off+we+go.+[]+[a]+(a)+[]
       p1:n+r1:n+p1:a+r1:a+p1:a+r1:a [n]+Off+we+go.+[]+[a]+(a)+[]
       p1:a+C+tab+r1:a+X [a]+a+[]+keyX)")) {
     EXPECT_EQ(heardOf(events), heard) << events;

@@ -111,26 +111,29 @@ TEST(TryItOut, RollsAndSettlesToTheMillisecond) {
     program.options.soundOn = soundOn;
     program.board = "Wembickrules2";
     program.desktop.start(program.board);
-    const auto throwDice = [&](const std::deque<double>& script, const char* faces, bool greyed) {
+    const auto throwDice = [&program](const std::deque<double>& script, int lasts) {
       program.desktop.chance().script = script;
       program.click("Label2");
-      EXPECT_EQ(program.heard(), soundOn == 1 ? "cupdice" : "");
-      program.watchThrow("-----", faces, "hhhhh", soundOn == 1 ? 1200 : 100, soundOn == 1 ? 1500 : 300, [&] {
-        for (std::size_t i = 0; i < 5; ++i)
-          ASSERT_EQ(program.die(i).enabled, !greyed || program.faces() != "-----");
-      });
-      EXPECT_EQ(program.desktop.nextTick(), std::nullopt);
+      return program.heard() + " " + program.watchDice(lasts, [] {});
     };
-    throwDice({0, 0.015, 0.99, 0, 0.015, 0.7, 0}, "16151", true);  // A die not drawn shows a 1.
-    program.desktop.chance().script = {0, 0, 0.015, 0.6, 0, 0};
-    program.click("Label2");
-    program.desktop.advance(soundOn == 1 ? 2100 : 900);
-    EXPECT_EQ(program.faces().substr(0, 3), "164");
-    program.heard();
+    // A die not drawn shows a 1.
+    EXPECT_EQ(
+        throwDice({0, 0.015, 0.99, 0, 0.015, 0.7, 0}, 3000),
+        soundOn == 1
+            ? "cupdice 1200 33333; 1500 13333; 1750 16333; 2000 16133; 2250 16153; 2500 16151; 800 times"
+            : " 100 33333; 300 13333; 550 16333; 800 16133; 1050 16153; 1300 16151; 700 times");
+    EXPECT_EQ(program.desktop.nextTick(), std::nullopt);
+    throwDice({0, 0, 0.015, 0.6, 0, 0}, soundOn == 1 ? 2100 : 900);
     // Clicked in mid-throw: what was drawn then is kept.
-    throwDice({0.015, 0.2, 0, 0, 0, 0}, "26451", false);
+    EXPECT_EQ(
+        throwDice({0.015, 0.2, 0, 0, 0, 0}, 3000),
+        soundOn == 1
+            ? "cupdice 1200 33333; 1500 23333; 1750 26333; 2000 26433; 2250 26453; 2500 26451; 800 times"
+            : " 100 33333; 300 23333; 550 26333; 800 26433; 1050 26453; 1300 26451; 700 times");
+    EXPECT_TRUE(program.die(4).enabled);
     program.click("Label3(1)");
     program.desktop.click("Wembickrules2b", "Label3(2)");
-    EXPECT_TRUE(program.faces() == "-----" && !program.die(0).enabled);
+    EXPECT_EQ(program.faces(), "-----");
+    EXPECT_FALSE(program.die(0).enabled);
   }
 }

@@ -1,6 +1,7 @@
 // Every screen and every widget is as the tables say, to the letter; the widgets in the order they are drawn.
 
 #include <fstream>
+#include <set>
 
 #include "simulated_program.h"
 
@@ -52,6 +53,7 @@ TEST(Screens, AreAsDesigned) {
   program.options.playerCount = 4;
   program.options.hideDesktop = 1;
   std::ifstream screens("tests/screens/screens.tsv"), widgets("tests/screens/widgets.tsv");
+  std::set<std::string> alike;  // On both boards.
   const auto next = [](std::ifstream& table) {
     std::string line;
     std::getline(table, line);
@@ -63,7 +65,14 @@ TEST(Screens, AreAsDesigned) {
     program.desktop.start(name);
     const platform::Screen& screen = *program.desktop.find(name);
     EXPECT_EQ(row(screen), next(screens));
-    for (const platform::Widget* widget : screen.drawingOrder()) EXPECT_EQ(row(name, *widget), next(widgets));
+    for (const platform::Widget* widget : screen.drawingOrder()) {
+      // Of the computer's board stands there what the other has not got.
+      const bool onOther = screen.name() == "tolvanecomputer" && alike.contains(row("tolvane", *widget));
+      if (!onOther) {
+        EXPECT_EQ(row(name, *widget), next(widgets));
+      }
+      if (screen.name() == "tolvane") alike.insert(row(name, *widget));
+    }
   }
   EXPECT_EQ(next(screens) + next(widgets), "");
 }
