@@ -1,0 +1,19 @@
+#include <QWindow>
+
+#include "platform/qt/window_system.h"
+
+namespace platform::qt {
+
+std::optional<QMargins> futureFrame(QWindow& /*window*/) {
+  return std::nullopt;
+}
+
+QPoint standsAt(const QWindow& window) {
+  return window.position();
+}
+
+bool handOver(QWindow& /*window*/, const QWindow* /*owner*/) {
+  return false;
+}
+
+}  // namespace platform::qt
