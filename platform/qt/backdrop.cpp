@@ -31,7 +31,9 @@ void Backdrop::mousePressEvent(QMouseEvent* /*event*/) {
 }
 
 void Backdrop::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::WindowStateChange && !isMinimized()) desktop_.bringForward();
+  if (event->type() != QEvent::WindowStateChange || isMinimized()) return;
+  const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+  if (before.testFlag(Qt::WindowMinimized)) desktop_.bringForward();
 }
 
 }  // namespace platform::qt

@@ -96,7 +96,7 @@ void QtDesktop::dismiss(Screen& screen) {
   std::erase_if(windows_, showing(screen));
   if (windows_.empty()) return;
   if (nobodySeen()) bringForward();
-  windows_.back()->activateWindow();  // Xfwm4 4.18 leaves the keyboard to nobody.
+  giveKeyboard(*windows_.back()->windowHandle());  // Xfwm4 4.18 and Metacity 3.46 leave it to nobody.
 }
 
 void QtDesktop::bringForward() {
@@ -105,7 +105,7 @@ void QtDesktop::bringForward() {
     window->belongTo(backdrop_.get());
     window->comeForward();
   }
-  if (!windows_.empty()) windows_.back()->activateWindow();
+  if (!windows_.empty()) giveKeyboard(*windows_.back()->windowHandle());
 }
 
 void QtDesktop::uncover() {

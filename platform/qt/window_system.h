@@ -16,6 +16,9 @@ std::optional<QMargins> futureFrame(QWindow& window);
 /// Where the inside of `window`, which is on the display, stands there.
 QPoint standsAt(const QWindow& window);
 
+/// Gives `window` the keyboard.
+void giveKeyboard(QWindow& window);
+
 /// Has `window`, which is on the display, belong to `owner` from now on, or to none when that is null. False
 /// where the window system hears of an owner only with a new window.
 bool handOver(QWindow& window, const QWindow* owner);

@@ -12,6 +12,10 @@ QPoint standsAt(const QWindow& window) {
   return window.position();
 }
 
+void giveKeyboard(QWindow& window) {
+  window.requestActivate();
+}
+
 bool handOver(QWindow& /*window*/, const QWindow* /*owner*/) {
   return false;
 }

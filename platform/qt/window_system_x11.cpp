@@ -48,6 +48,21 @@ std::vector<std::uint32_t> numbers(xcb_connection_t* x, xcb_window_t window, xcb
   return {first, first + reply->value_len};
 }
 
+xcb_window_t idOf(const QWindow& window) {
+  return static_cast<xcb_window_t>(window.winId());
+}
+
+void tellWindowManager(xcb_connection_t* x, const QWindow& window, xcb_atom_t what, std::uint32_t detail) {
+  xcb_client_message_event_t message{};
+  message.response_type = XCB_CLIENT_MESSAGE;
+  message.format = 32;
+  message.window = idOf(window);
+  message.type = what;
+  message.data.data32[0] = detail;
+  xcb_send_event(x, 0, root(x), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                 reinterpret_cast<const char*>(&message));  // NOLINT(*-reinterpret-cast): as xcb has it.
+}
+
 int inPixels(double dots, const QWindow& window) {
   return static_cast<int>(std::lround(dots / window.devicePixelRatio()));
 }
@@ -61,13 +76,7 @@ std::optional<QMargins> futureFrame(QWindow& window) {
   const auto offered = numbers(x, root(x), atom(x, "_NET_SUPPORTED"));
   if (std::find(offered.begin(), offered.end(), request) == offered.end()) return std::nullopt;
 
-  xcb_client_message_event_t message{};
-  message.response_type = XCB_CLIENT_MESSAGE;
-  message.format = 32;
-  message.window = static_cast<xcb_window_t>(window.winId());
-  message.type = request;
-  xcb_send_event(x, 0, root(x), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                 reinterpret_cast<const char*>(&message));  // NOLINT(*-reinterpret-cast): as xcb has it.
+  tellWindowManager(x, window, request, 0);
 
   // It comes as soon as the window manager has its turn, and wakes the event loop.
   constexpr std::chrono::seconds patience{1};
@@ -75,10 +84,10 @@ std::optional<QMargins> futureFrame(QWindow& window) {
   QTimer wake;
   wake.start(patience);
   const xcb_atom_t extents = atom(x, "_NET_FRAME_EXTENTS");
-  auto sides = numbers(x, message.window, extents);
+  auto sides = numbers(x, idOf(window), extents);
   while (sides.size() != 4 && !end.hasExpired()) {
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    sides = numbers(x, message.window, extents);
+    sides = numbers(x, idOf(window), extents);
   }
   if (sides.size() != 4) return std::nullopt;
   const auto side = [&](std::size_t i) { return inPixels(sides[i], window); };
@@ -89,17 +98,27 @@ std::optional<QMargins> futureFrame(QWindow& window) {
 QPoint standsAt(const QWindow& window) {
   xcb_connection_t* x = connection();
   if (!x) return window.position();
-  const auto asked = xcb_translate_coordinates(x, static_cast<xcb_window_t>(window.winId()), root(x), 0, 0);
+  const auto asked = xcb_translate_coordinates(x, idOf(window), root(x), 0, 0);
   const auto reply = owned(xcb_translate_coordinates_reply(x, asked, nullptr));
   return reply ? QPoint(inPixels(reply->dst_x, window), inPixels(reply->dst_y, window)) : window.position();
+}
+
+// Qt would ask in the name of the event that it heard last. A window manager that has since taken the keyboard
+// from a window that went (Xfwm4 4.18) finds that too old; to be asked in no event's name means now.
+void giveKeyboard(QWindow& window) {
+  xcb_connection_t* x = connection();
+  if (!x) return window.requestActivate();
+  constexpr std::uint32_t application = 1;
+  tellWindowManager(x, window, atom(x, "_NET_ACTIVE_WINDOW"), application);
+  xcb_flush(x);
 }
 
 bool handOver(QWindow& window, const QWindow* owner) {
   xcb_connection_t* x = connection();
   if (!x) return false;
-  const auto id = static_cast<xcb_window_t>(window.winId());
+  const auto id = idOf(window);
   if (owner) {
-    const auto behind = static_cast<xcb_window_t>(owner->winId());
+    const auto behind = idOf(*owner);
     xcb_change_property(x, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1,
                         &behind);
   } else {
