@@ -12,7 +12,6 @@
 #include "platform/qt/accessibility.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/views.h"
-#include "platform/qt/x11.h"
 #include "screens/shell/screen_names.h"
 
 using namespace std::chrono_literals;
@@ -31,12 +30,8 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
 // The game places and stacks its own windows, which only X11 lets it do, if anything does; Wayland is better
 // than nothing.
 void choosePlatform() {
-  if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") || qEnvironmentVariableIsEmpty("DISPLAY")) return;
-  if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")) {
-    qputenv("QT_QPA_PLATFORM", "xcb");
-  } else {
-    qputenv("QT_QPA_PLATFORM", platform::qt::standsInFrontOfFullScreen() ? "xcb;wayland" : "wayland;xcb");
-  }
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY"))
+    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
 
 void setIcon() {

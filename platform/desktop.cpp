@@ -84,6 +84,7 @@ void Desktop::show(std::string_view name) {
   Screen& screen = *open_.emplace_back(entry->second());
   screen.pressesBefore_ = presses_;
   screen.load();
+  screen.inner = screen.client;
   present(screen);
 }
 
@@ -163,8 +164,8 @@ void Desktop::moveMouse(Screen& screen, MouseEvent mouse) {
     const bool wasSunk = std::exchange(screen.sunk_, covers(*heard, mouse));
     if (wasSunk != screen.sunk_) refresh();
   } else {
-    mouse.x = std::clamp(mouse.x, 0.F, screen.client.width);
-    mouse.y = std::clamp(mouse.y, 0.F, screen.client.height);
+    mouse.x = std::clamp(mouse.x, 0.F, screen.inner.width);
+    mouse.y = std::clamp(mouse.y, 0.F, screen.inner.height);
   }
   if (!heard || !heard->enabled || !heard->onMouseMove) return;
   handle([&] { heard->onMouseMove(over(*heard, mouse)); });

@@ -113,7 +113,7 @@ class Desktop {
   // The mouse over the client area of an open screen, and the keyboard while that screen has it. The topmost
   // widget under the pointer hears of a press; while the button is held it hears of every move and of the
   // release, wherever the pointer is, and no other widget and no key is heard. A widget that is dragged hears
-  // of no place outside the client area, so that it cannot get out of reach. The second press of a double
+  // of no place outside the window's inside, so that it cannot get out of reach. The second press of a double
   // click is nobody's when the first has brought up the screen that it would reach.
 
   /// A button goes down; `mouse.buttons` tells all that are held. False when there is nothing that could have

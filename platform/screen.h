@@ -80,6 +80,9 @@ class Screen {
   /// The client area that the widgets need, in twips.
   Size client;
 
+  /// The client area that is seen on the display, in twips: no less than `client`.
+  Size inner;
+
  protected:
   Desktop& desktop() const { return desktop_; }
 

@@ -236,6 +236,8 @@ class AccessibleWindow final : public QAccessibleWidget {
 QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object) {
   if (auto* view = dynamic_cast<View*>(object)) return new AccessibleView(*view);
   if (auto* window = dynamic_cast<ScreenWindow*>(object)) return new AccessibleWindow(*window);
+  if (auto* backdrop = dynamic_cast<Backdrop*>(object))
+    return new QAccessibleWidget(backdrop, QAccessible::Window);
   return nullptr;
 }
 

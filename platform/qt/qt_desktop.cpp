@@ -8,14 +8,17 @@
 #include <algorithm>
 
 #include "platform/files.h"
-#include "platform/qt/x11.h"
+#include "platform/qt/window_system.h"
 
 namespace platform::qt {
 
-FrameExtents extents(const QMargins& frame) {
-  const auto twips = [](int px) { return static_cast<float>(px) * twipsPerPixel; };
-  return {twips(frame.left()), twips(frame.top()), twips(frame.right()), twips(frame.bottom())};
+namespace {
+
+auto showing(const Screen& screen) {
+  return [&screen](const auto& window) { return window->screen() == &screen; };
 }
+
+}  // namespace
 
 QtDesktop::QtDesktop() {
   QCoreApplication::setAttribute(Qt::AA_Use96Dpi);    // For pictures that state no resolution.
@@ -27,12 +30,6 @@ QtDesktop::QtDesktop() {
     runDueTick();
     armTicker();
   });
-}
-
-QtDesktop::~QtDesktop() {
-  for (const auto& [screen, window] : windows_) delete window;
-  // Those that were dismissed last go now, while there is an application.
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void QtDesktop::start(std::string_view screen) {
@@ -77,89 +74,71 @@ void QtDesktop::endProgram() {
 
 void QtDesktop::present(Screen& screen) {
   if (screen.frame == Frame::Backdrop) {
-    if (!backdrop_) backdrop_ = std::make_unique<ScreenWindow>(*this, screen);
-    showBackdrop(screen);
+    if (!backdrop_) backdrop_ = std::make_unique<Backdrop>(*this, screen);
+    bringForward();
     return;
   }
-  ScreenWindow*& window = windows_[&screen];
-  if (!window) window = new ScreenWindow(*this, screen);
-  window->present(ownerOf(screen));
+  const auto found = std::find_if(windows_.begin(), windows_.end(), showing(screen));
+  if (found == windows_.end()) {
+    windows_.push_back(std::make_unique<ScreenWindow>(*this, screen));
+  } else {
+    std::rotate(found, found + 1, windows_.end());
+  }
+  windows_.back()->present(backdrop_.get());
 }
 
 void QtDesktop::dismiss(Screen& screen) {
   if (screen.frame == Frame::Backdrop) {
-    hideBackdrop();
+    uncover();
+    backdrop_.reset();
     return;
   }
-  const auto found = windows_.find(&screen);
-  if (found == windows_.end()) return;
-  ScreenWindow& going = *found->second;
-  windows_.erase(found);
-  for (const auto& [other, window] : windows_) {
-    if (window->owner() == &going) window->belongTo(going.owner());
-  }
-  going.dismiss();
+  std::erase_if(windows_, showing(screen));
+  if (windows_.empty()) return;
+  if (nobodySeen()) bringForward();
+  giveKeyboard(*windows_.back()->windowHandle());  // Xfwm4 4.18 and Metacity 3.46 leave it to nobody.
 }
 
-void QtDesktop::showBackdrop(Screen& screen) {
-  backdrop_->cover(screen);
-  for (ScreenWindow* window : seenWindows()) {  // In front of it belongs what was open before.
+void QtDesktop::bringForward() {
+  if (backdrop_) backdrop_->cover();
+  for (const auto& window : windows_) {
     window->belongTo(backdrop_.get());
-    window->raise();
+    window->comeForward();
+  }
+  if (!windows_.empty()) giveKeyboard(*windows_.back()->windowHandle());
+}
+
+void QtDesktop::uncover() {
+  for (const auto& window : windows_) window->belongTo(nullptr);
+  backdrop_->hide();
+}
+
+void QtDesktop::followMinimising(bool minimised) {
+  if (!backdrop_) return;
+  if (!minimised) {
+    bringForward();
+  } else if (nobodySeen()) {
+    uncover();
   }
 }
 
-void QtDesktop::bringGameForward() {
-  const auto windows = seenWindows();
-  for (ScreenWindow* window : windows) window->raise();
-  if (!windows.empty()) windows.back()->activateWindow();
+bool QtDesktop::nobodySeen() const {
+  return std::all_of(windows_.begin(), windows_.end(),
+                     [](const auto& window) { return window->isMinimized(); });
 }
 
-void QtDesktop::hideBackdrop() {
-  for (const auto& [screen, window] : windows_) {
-    if (window->owner() == backdrop_.get()) window->belongTo(nullptr);
+QMargins QtDesktop::titleBar(const ScreenWindow& window) {
+  if (!titleBar_) {
+    QWidget like(nullptr, window.windowFlags());
+    like.setFixedSize(window.size());
+    like.winId();  // Makes the window system's window.
+    titleBar_ = futureFrame(*like.windowHandle()).value_or(QMargins());
   }
-  backdrop_->uncover();
-}
-
-void QtDesktop::followMinimising(const ScreenWindow& changed) {
-  if (!backdrop_ || !backdrop_->isVisible()) return;
-  const bool seen = !seenWindows().empty();
-  if (&changed != backdrop_.get()) {
-    if (seen == backdrop_->isMinimized()) setMinimised(*backdrop_->windowHandle(), !seen);
-  } else if (!seen && !backdrop_->isMinimized()) {
-    for (const auto& [screen, window] : windows_) setMinimised(*window->windowHandle(), false);
-  } else {
-    return;
-  }
-  if (seen) bringGameForward();
-}
-
-std::vector<ScreenWindow*> QtDesktop::seenWindows() const {
-  std::vector<ScreenWindow*> seen;
-  for (const auto& open : openScreens()) {
-    const auto found = windows_.find(open.get());
-    if (found != windows_.end() && found->second->isVisible() && !found->second->isMinimized())
-      seen.push_back(found->second);
-  }
-  return seen;
-}
-
-// Window managers keep a window in front of the backdrop it belongs to; which of the others is in front, the
-// program tells them. A Wayland compositor takes no such word, so there each window belongs to the one it was
-// opened from.
-ScreenWindow* QtDesktop::ownerOf(const Screen& screen) const {
-  ScreenWindow* const behind = backdrop_ && backdrop_->isVisible() ? backdrop_.get() : nullptr;
-  if (onX11()) return behind;
-  ScreenWindow* owner = behind;
-  for (ScreenWindow* window : seenWindows()) {
-    if (window != windows_.at(&screen) && (behind == nullptr || window->owner() != nullptr)) owner = window;
-  }
-  return owner;
+  return *titleBar_;
 }
 
 void QtDesktop::refresh() {
-  for (const auto& [screen, window] : windows_) {
+  for (const auto& window : windows_) {
     window->refresh();
     accessibility_.refresh(*window);
   }
@@ -167,12 +146,7 @@ void QtDesktop::refresh() {
 }
 
 void QtDesktop::announce(const std::string& words) {
-  // The foremost window says it; the backdrop is none of a player's.
-  ScreenWindow* foremost = nullptr;
-  for (const auto& screen : openScreens()) {
-    if (const auto found = windows_.find(screen.get()); found != windows_.end()) foremost = found->second;
-  }
-  if (foremost) accessibility_.announce(*foremost, words);
+  if (!windows_.empty()) accessibility_.announce(*windows_.back(), words);
 }
 
 Moment QtDesktop::now() const {

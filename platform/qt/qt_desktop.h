@@ -5,27 +5,23 @@
 #include <QElapsedTimer>
 #include <QMargins>
 #include <QTimer>
-#include <map>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "platform/desktop.h"
 #include "platform/qt/accessibility.h"
+#include "platform/qt/backdrop.h"
 #include "platform/qt/pictures.h"
 #include "platform/qt/screen_window.h"
 #include "platform/qt/sound_player.h"
 
 namespace platform::qt {
 
-/// A frame measured in pixels, in twips.
-FrameExtents extents(const QMargins& frame);
-
 /// Needs a QApplication.
 class QtDesktop final : public Desktop {
  public:
   QtDesktop();
-  ~QtDesktop() override;
 
   /// Shows the first screen; the rest happens while the application runs.
   void start(std::string_view screen);
@@ -41,16 +37,16 @@ class QtDesktop final : public Desktop {
   // --- For the windows ---
 
   Pictures& pictures() { return pictures_; }
-  /// The frame of a window with a title bar, once it is known.
-  std::optional<QMargins> titleBar() const { return titleBar_; }
+  /// The frame of windows with a title bar, to be put around `window` as well.
+  QMargins titleBar(const ScreenWindow& window);
   void learnTitleBar(const QMargins& frame) { titleBar_ = frame; }
 
-  /// Puts all windows in front of the backdrop again, in their order; the foremost has the keyboard.
-  void bringGameForward();
+  /// Brings all windows back, in front of the backdrop and in their order; the foremost has the keyboard.
+  void bringForward();
 
-  /// `changed` was minimised or brought back: the backdrop goes with the last of the others and comes back
-  /// with the first, and brings them back.
-  void followMinimising(const ScreenWindow& changed);
+  /// A window was minimised or brought back: the last to go takes the backdrop along, the first to come back
+  /// brings all back.
+  void followMinimising(bool minimised);
 
  private:
   Moment now() const override;
@@ -60,11 +56,8 @@ class QtDesktop final : public Desktop {
   void announce(const std::string& words) override;
 
   void armTicker();
-  void showBackdrop(Screen& screen);
-  void hideBackdrop();
-  std::vector<ScreenWindow*> seenWindows()
-      const;  // All but the backdrop and those minimised, in their order.
-  ScreenWindow* ownerOf(const Screen& screen) const;  // Null where there is none.
+  void uncover();
+  bool nobodySeen() const;  // No window but the backdrop.
 
   QElapsedTimer clock_;
   QTimer ticker_;  // Wakes for the next tick of any screen's timer.
@@ -73,11 +66,8 @@ class QtDesktop final : public Desktop {
   SoundPlayer sounds_{QApplication::beep};
   Accessibility accessibility_;
   std::optional<QMargins> titleBar_;
-  std::map<const Screen*, ScreenWindow*> windows_;  // All but the backdrop's.
-
-  // One window for the whole run, made with the first backdrop and then shown and hidden: the window system
-  // may lose windows that belong to another when that goes.
-  std::unique_ptr<ScreenWindow> backdrop_;
+  std::unique_ptr<Backdrop> backdrop_;                  // Hidden while nobody is seen in front of it.
+  std::vector<std::unique_ptr<ScreenWindow>> windows_;  // The one shown last at the end.
 };
 
 }  // namespace platform::qt

@@ -1,6 +1,6 @@
 #include "platform/qt/screen_window.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -12,23 +12,16 @@
 
 #include "platform/qt/keys.h"
 #include "platform/qt/qt_desktop.h"
-#include "platform/qt/x11.h"
+#include "platform/qt/window_system.h"
 
 namespace platform::qt {
 
 namespace {
 
-// All but the backdrop are dialogs: window managers keep a dialog above the window it belongs to, so a click
-// on the backdrop cannot bring it in front of the game.
+// Dialogs, since window managers keep a dialog above the window it belongs to, so a click on the backdrop
+// cannot bring it in front of the game.
 Qt::WindowFlags flagsFor(Frame frame) {
-  switch (frame) {
-    case Frame::TitleBar:
-      break;
-    case Frame::ThinLine:
-      return Qt::Dialog | Qt::FramelessWindowHint;
-    case Frame::Backdrop:
-      return Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus;
-  }
+  if (frame == Frame::ThinLine) return Qt::Dialog | Qt::FramelessWindowHint;
   return Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
          Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint;
 }
@@ -47,10 +40,12 @@ MouseEvent mouseFrom(const QMouseEvent& event) {
 }  // namespace
 
 ScreenWindow::ScreenWindow(QtDesktop& desktop, Screen& screen)
-    : QWidget(nullptr, flagsFor(screen.frame)), desktop_(desktop), screen_(&screen) {
+    : QWidget(nullptr, flagsFor(screen.frame)), desktop_(desktop), screen_(screen) {
   setObjectName(QString::fromStdString(screen.name()));
-  setWindowTitle(QString::fromStdString(screen.caption));
+  // Nobody sees it on a window without a title bar, but a task bar shows it.
+  setWindowTitle(QString::fromStdString(screen.caption.empty() ? screen.spokenName : screen.caption));
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setFixedSize(pixels(screen.client.width), pixels(screen.client.height));
   for (Widget* widget : screen.drawingOrder()) {
     views_.push_back(new View(desktop.pictures(), *widget, *this));
     drawnOrder_.push_back(widget);
@@ -60,14 +55,14 @@ ScreenWindow::ScreenWindow(QtDesktop& desktop, Screen& screen)
 
 void ScreenWindow::refresh() {
   // The mark is on what is seen of the chosen widget's place: the die on an icon, not the icon beneath.
-  const Widget* marked = screen_->focus();
-  for (const Widget* above : screen_->drawingOrder()) {
+  const Widget* marked = screen_.focus();
+  for (const Widget* above : screen_.drawingOrder()) {
     if (!marked) break;
     if (above->visible && above->left == marked->left && above->top == marked->top) marked = above;
   }
   for (View* view : views_) {
     const Widget* widget = &view->widget();
-    view->refresh({.focused = widget == marked, .down = widget == screen_->sunk()});
+    view->refresh({.focused = widget == marked, .down = widget == screen_.sunk()});
   }
   raiseInDrawingOrder();
 }
@@ -79,7 +74,7 @@ View* ScreenWindow::view(const Widget& widget) const {
 }
 
 void ScreenWindow::raiseInDrawingOrder() {
-  const auto order = screen_->drawingOrder();
+  const auto order = screen_.drawingOrder();
   if (std::equal(order.begin(), order.end(), drawnOrder_.begin(), drawnOrder_.end())) return;
   // Those that still follow one another as before stay; the others go to the top, one after another.
   auto wanted = order.begin();
@@ -92,89 +87,66 @@ void ScreenWindow::raiseInDrawingOrder() {
   drawnOrder_.assign(order.begin(), order.end());
 }
 
-void ScreenWindow::present(ScreenWindow* owner) {
-  if (!isVisible()) place();
+void ScreenWindow::present(const QWidget* owner) {
+  if (!isVisible()) place(screen_.frame == Frame::TitleBar ? desktop_.titleBar(*this) : QMargins());
   belongTo(owner);
   show();
-  heedFrame();
   raise();
   activateWindow();
 }
 
-void ScreenWindow::belongTo(ScreenWindow* owner) {
-  if (owner == owner_) return;
-  owner_ = owner;
-  QWindow* behind = owner ? owner->windowHandle() : nullptr;
-  // A Wayland compositor hears of an owner only with a new window; of none, it needs not hear. A window
-  // manager would lose a window that goes and comes at once.
-  const bool comesAnew = isVisible() && behind != nullptr && !onX11();
-  if (comesAnew) hide();
-  windowHandle()->setTransientParent(behind);
-  if (comesAnew) show();
-  if (isVisible() && onX11()) setTransientParentOfMapped(*windowHandle(), behind);
-}
-
-void ScreenWindow::cover(Screen& screen) {
-  screen_ = &screen;
-  setAttribute(Qt::WA_ShowWithoutActivating);
-  setGeometry(QGuiApplication::primaryScreen()->geometry());  // Where no window manager does it.
-  setWindowState(Qt::WindowFullScreen);                       // `showFullScreen` would give it the keyboard.
-  show();
-}
-
-void ScreenWindow::uncover() {
-  screen_ = nullptr;
-  hide();
-}
-
-void ScreenWindow::dismiss() {
-  screen_ = nullptr;
-  hide();
-  deleteLater();
-}
-
-void ScreenWindow::place() {
+void ScreenWindow::belongTo(const QWidget* owner) {
   winId();  // Makes the window system's window.
-  frame_ = QMargins();
-  if (screen_->frame == Frame::TitleBar) {
-    if (!desktop_.titleBar()) {
-      setFixedSize(pixels(screen_->client.width), pixels(screen_->client.height));
-      if (const auto frame = futureFrame(*windowHandle())) desktop_.learnTitleBar(*frame);
-    }
-    frame_ = desktop_.titleBar().value_or(QMargins());
-  }
-  const Placement outer = outerPlacement(*screen_, extents(frame_));
-  const QPoint display = QGuiApplication::primaryScreen()->geometry().topLeft();
-  const QRect whole(display + QPoint(pixels(outer.left), pixels(outer.top)),
-                    QSize(pixels(outer.width), pixels(outer.height)));
-  const QRect inside = whole.marginsRemoved(frame_);
-  setFixedSize(inside.size());
-  if (isVisible()) {
-    setGeometry(inside);  // `move` would count with the frame that Qt has known for long.
-  } else {
-    // Some window managers know only where a new window's frame stands, some only where its inside stands
-    // later.
-    setGeometry(QRect(whole.topLeft(), inside.size()));
-    windowHandle()->resize(inside.size());
-    windowHandle()->setFramePosition(whole.topLeft());
+  QWindow* behind = owner ? owner->windowHandle() : nullptr;
+  if (windowHandle()->transientParent() == behind) return;
+  windowHandle()->setTransientParent(behind);
+  if (isVisible() && !handOver(*windowHandle(), behind) && behind) {
+    hide();
+    show();
   }
 }
 
-// The frame may be another than the window manager said, or than that of earlier windows: it is there to be
-// seen once the window is on the display.
-void ScreenWindow::heedFrame() {
-  if (frameIsSeen_ || !screen_ || screen_->frame != Frame::TitleBar || !isVisible()) return;
-  const QMargins frame = windowHandle()->frameMargins();
-  // Some window managers pass through the most wonderful frames on their way to the right one.
-  constexpr int thickest = 96;
-  for (const int side : {frame.left(), frame.top(), frame.right(), frame.bottom()}) {
-    if (side < 0 || side > thickest) return;
+void ScreenWindow::comeForward() {
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  raise();
+}
+
+QRect ScreenWindow::placeIn(const QMargins& frame) const {
+  const auto twips = [](int px) { return static_cast<float>(px) * twipsPerPixel; };
+  const Placement outer = outerPlacement(
+      screen_, {twips(frame.left()), twips(frame.top()), twips(frame.right()), twips(frame.bottom())});
+  const QPoint display = QGuiApplication::primaryScreen()->geometry().topLeft();
+  return {display + QPoint(pixels(outer.left), pixels(outer.top)),
+          QSize(pixels(outer.width), pixels(outer.height))};
+}
+
+void ScreenWindow::place(const QMargins& frame) {
+  const QRect whole = placeIn(frame);
+  const QSize inside = whole.marginsRemoved(frame).size();
+  setFixedSize(inside);
+  screen_.inner = {static_cast<float>(inside.width()) * twipsPerPixel,
+                   static_cast<float>(inside.height()) * twipsPerPixel};
+  if (isVisible()) {
+    windowHandle()->setFramePosition(whole.topLeft());  // Also where Qt thinks it is there.
+  } else {
+    move(whole.topLeft());
   }
-  if (frame.isNull()) return;  // Or not yet there.
-  frameIsSeen_ = true;
-  if (frame == frame_) return;
-  desktop_.learnTitleBar(frame);
-  place();
+}
+
+// Once a window is on the display its frame is there to be seen; Fluxbox 1.3 foretells none. And Openbox 3.6,
+// Xfwm4 4.18 and Fluxbox move a new window that overhangs the display, but do as they are asked later.
+void ScreenWindow::settle() {
+  const QMargins frame = windowHandle()->frameMargins();
+  const bool titled = screen_.frame == Frame::TitleBar;
+  if (settled_ || !isVisible() || (titled && frame.isNull())) return;
+  settled_ = true;
+  if (titled) desktop_.learnTitleBar(frame);
+  if (placeIn(frame).marginsRemoved(frame) != QRect(standsAt(*windowHandle()), size())) place(frame);
+}
+
+// A window that a handler takes off the display goes at once, so none of its own events may be under way.
+void ScreenWindow::inTurn(const std::function<void()>& handler) {
+  QMetaObject::invokeMethod(this, handler, Qt::QueuedConnection);
 }
 
 bool ScreenWindow::event(QEvent* event) {
@@ -183,17 +155,14 @@ bool ScreenWindow::event(QEvent* event) {
       showToolTip(static_cast<QHelpEvent*>(event)->pos());
       return true;
     case QEvent::Move:
-    case QEvent::Resize:
     case QEvent::WindowActivate:
-      heedFrame();
+      settle();
       break;
-    case QEvent::MouseButtonPress:
-      // Not every window manager keeps the game in front of a backdrop that came later.
-      if (screen_ && screen_->frame == Frame::Backdrop) desktop_.bringGameForward();
+    case QEvent::WindowStateChange: {
+      const auto before = static_cast<QWindowStateChangeEvent*>(event)->oldState();
+      if (isMinimized() != before.testFlag(Qt::WindowMinimized)) desktop_.followMinimising(isMinimized());
       break;
-    case QEvent::WindowStateChange:
-      if (screen_) desktop_.followMinimising(*this);
-      break;
+    }
     default:
       break;
   }
@@ -204,26 +173,21 @@ void ScreenWindow::showToolTip(const QPoint& at) {
   const auto found = std::find_if(views_.begin(), views_.end(), [&](const View* view) {
     return view->isVisible() && view->geometry().contains(at) && !view->widget().toolTip.empty();
   });
-  if (screen_ == nullptr || found == views_.end()) return;
+  if (found == views_.end()) return;
   QToolTip::showText(mapToGlobal(at), QString::fromStdString((*found)->widget().toolTip), this,
                      (*found)->geometry());
 }
 
 void ScreenWindow::closeEvent(QCloseEvent* event) {
   event->ignore();  // The desktop takes it off the display, in its order.
-  // In its turn: the window system may ask while a handler runs.
-  const auto close = [this] {
-    if (screen_) desktop_.handle([this] { desktop_.unload(screen_->name()); });
-  };
-  QMetaObject::invokeMethod(this, close, Qt::QueuedConnection);
+  inTurn([this] { desktop_.handle([this] { desktop_.unload(screen_.name()); }); });
 }
 
 void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
-  if (!screen_) return;
   QPainter painter(this);
-  const Colour& ground = screen_->background;
+  const Colour& ground = screen_.background;
   painter.fillRect(rect(), QColor(ground.red, ground.green, ground.blue));
-  if (screen_->frame == Frame::ThinLine) {
+  if (screen_.frame == Frame::ThinLine) {
     // The number that stands in the page's corner would touch its line.
     QRegion line(rect());
     for (const View* view : views_) {
@@ -236,24 +200,34 @@ void ScreenWindow::paintEvent(QPaintEvent* /*event*/) {
 }
 
 void ScreenWindow::mousePressEvent(QMouseEvent* event) {
-  if (screen_ == nullptr || desktop_.pressMouse(*screen_, mouseFrom(*event))) return;
-  // A page without a title bar is moved by its background.
-  if (screen_->frame == Frame::ThinLine && event->button() == Qt::LeftButton)
-    windowHandle()->startSystemMove();
+  inTurn([this, mouse = mouseFrom(*event), at = event->pos()] {
+    const bool ground = !desktop_.pressMouse(screen_, mouse);
+    grip_.reset();
+    if (ground && mouse.buttons == leftButton && screen_.frame == Frame::ThinLine) grip_ = at;
+  });
 }
 
 void ScreenWindow::mouseMoveEvent(QMouseEvent* event) {
-  if (screen_) desktop_.moveMouse(*screen_, mouseFrom(*event));
+  inTurn([this, mouse = mouseFrom(*event), at = event->pos()] {
+    // A page without a title bar is moved by its ground.
+    if (grip_ && mouse.buttons == leftButton &&
+        (at - *grip_).manhattanLength() >= QApplication::startDragDistance()) {
+      grip_.reset();
+      windowHandle()->startSystemMove();
+    }
+    desktop_.moveMouse(screen_, mouse);
+  });
 }
 
 void ScreenWindow::mouseReleaseEvent(QMouseEvent* event) {
-  if (screen_) desktop_.releaseMouse(*screen_, mouseFrom(*event), bits(event->button()));
+  inTurn([this, mouse = mouseFrom(*event), button = bits(event->button())] {
+    desktop_.releaseMouse(screen_, mouse, button);
+  });
 }
 
 void ScreenWindow::keyPressEvent(QKeyEvent* event) {
-  const std::optional<Key> key = keyFrom(*event);
-  if (screen_ != nullptr && key) {
-    desktop_.pressKey(*screen_, *key);
+  if (const std::optional<Key> key = keyFrom(*event)) {
+    inTurn([this, key] { desktop_.pressKey(screen_, *key); });
   } else {
     QWidget::keyPressEvent(event);
   }

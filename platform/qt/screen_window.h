@@ -1,8 +1,9 @@
 // The window of one screen.
 #pragma once
 
-#include <QMargins>
 #include <QWidget>
+#include <functional>
+#include <optional>
 #include <vector>
 
 #include "platform/qt/views.h"
@@ -19,26 +20,18 @@ class ScreenWindow final : public QWidget {
   /// Draws what differs from what was last drawn.
   void refresh();
 
-  /// Shows the window, or brings it to the front; it belongs to `owner` from then on.
-  void present(ScreenWindow* owner);
+  /// Shows the window where its screen asks to stand, or brings it to the front; it belongs to `owner` from
+  /// then on.
+  void present(const QWidget* owner);
 
   /// Stays in front of `owner` from now on; of none when that is null.
-  void belongTo(ScreenWindow* owner);
+  void belongTo(const QWidget* owner);
 
-  /// Null where there is none.
-  ScreenWindow* owner() const { return owner_; }
-
-  /// Covers the display, for `screen` from now on.
-  void cover(Screen& screen);
-
-  /// Hides a window that covers the display; from here on it knows no screen, until it covers it again.
-  void uncover();
-
-  /// Takes the window off the display; from here on it knows no screen.
-  void dismiss();
+  /// Comes back if it is minimised, in front of the others.
+  void comeForward();
 
   QtDesktop& desktop() const { return desktop_; }
-  Screen* screen() const { return screen_; }  ///< Null once dismissed.
+  Screen* screen() const { return &screen_; }
   const std::vector<View*>& views() const { return views_; }
   View* view(const Widget& widget) const;
 
@@ -52,18 +45,19 @@ class ScreenWindow final : public QWidget {
   void keyPressEvent(QKeyEvent* event) override;
   bool focusNextPrevChild(bool next) override;
 
-  void place();
-  void heedFrame();
+  void inTurn(const std::function<void()>& handler);
+  QRect placeIn(const QMargins& frame) const;
+  void place(const QMargins& frame);
+  void settle();
   void showToolTip(const QPoint& at);
   void raiseInDrawingOrder();
 
   QtDesktop& desktop_;
-  Screen* screen_;            // Null once dismissed.
+  Screen& screen_;
   std::vector<View*> views_;  // Owned by Qt.
   std::vector<const Widget*> drawnOrder_;
-  ScreenWindow* owner_ = nullptr;
-  QMargins frame_;  // As it was thought to be when the window was last placed.
-  bool frameIsSeen_ = false;
+  std::optional<QPoint> grip_;  // Where a page's ground was pressed, by which it may be dragged.
+  bool settled_ = false;
 };
 
 }  // namespace platform::qt

@@ -2,12 +2,13 @@
 """The program's windows under several window managers, and a turn under a Wayland compositor."""
 
 import re
-import subprocess
 import sys
 from pathlib import Path
 
 import numpy
 from PIL import ImageGrab
+from Xlib import X
+from Xlib.display import Display
 
 from play_test import Board
 
@@ -78,20 +79,20 @@ class Compositor(Watcher):
 
 
 def stands_still_in_the_middle(player, foretells):
-    with subprocess.Popen(["xev", "-root", "-event", "substructure"], env=player.environment, text=True,
-                          stdout=subprocess.PIPE) as watch:
-        player.start()
-        watch.terminate()
-        places = {}  # Of each window of the root that was mapped: the places it has had since.
-        now = {}
-        for event in watch.stdout.read().split("\n\n"):
-            place = re.search(r"window (0x\w+), \((-?\d+),(-?\d+)\), width (\d+), height (\d+)", event)
-            if event.lstrip().startswith("ConfigureNotify") and place:
-                now[place[1]] = place.groups()
-                places.get(place[1], set()).add(place.groups())
-            mapped = re.search(r"MapNotify event.* window (0x\w+), override", event.replace("\n", " "))
-            if mapped and mapped[1] in now:
-                places[mapped[1]] = {now[mapped[1]]}
+    watch = Display(player.display)
+    watch.screen().root.change_attributes(event_mask=X.SubstructureNotifyMask)
+    watch.sync()
+    player.start()
+    places, now = {}, {}  # Of each window of the root that was mapped: the places it has had since.
+    for _ in range(watch.pending_events()):
+        event = watch.next_event()
+        window = getattr(event, "window", event).id if event.type in (X.ConfigureNotify, X.MapNotify) else 0
+        if event.type == X.ConfigureNotify:
+            now[window] = event.x, event.y, event.width, event.height
+            places.get(window, set()).add(now[window])
+        elif window in now:
+            places[window] = {now[window]}
+    watch.close()
     jumped = [seen for seen in places.values() if len(seen) > 1]
     assert not foretells or (places and not jumped), f"a window jumped: {jumped}"
 
@@ -103,7 +104,7 @@ def stands_still_in_the_middle(player, foretells):
 
 
 def backdrop_comes_and_goes(player):
-    player.switch_backdrop(12)
+    player.switch_backdrop(6)
     player.click(20 - player.origin[0], 20 - player.origin[1])
     player.wait_for()  # Still in front.
     for _ in range(3):
@@ -113,6 +114,30 @@ def backdrop_comes_and_goes(player):
         player.tell("xdotool", "windowactivate", options)
         until(player.is_covered)
         player.wait_for()
+
+
+def pages_and_a_board(player):
+    options = player.tell("xdotool", "getactivewindow").strip()
+    player.click(112, 142)
+    place = player.wait_for(RULES, (800, 600))
+    player.mouse(*player.at(400, 560), "click", 1, *player.at(500, 500))
+    assert player.wait_for(RULES, (800, 600)) == place, "a click has glued the page to the mouse"
+    player.mouse("key", "Next")
+    until(lambda: "Page 2" in player.tell("xdotool", "getactivewindow", "getwindowname"))
+    player.tell("xdotool", "windowactivate", "--sync", options)
+    player.mouse("key", "2")
+    player.find_window(798)
+    board = player.tell("xdotool", "getactivewindow").strip()
+    player.tell("xdotool", "windowminimize", board)
+    until(lambda: not player.box(BOARD))
+    if player.box(RULES):
+        player.wait_for(RULES, (800, 600))
+        player.click(750, 14)
+    else:  # Openbox minimises all.
+        player.tell("xdotool", "windowactivate", board)
+    player.find_window(798)
+    before = player.counter()
+    until(lambda: player.mouse("key", "t") or (player.counter() != before).any())
 
 
 def turn_under_wayland(player):
@@ -137,6 +162,7 @@ if __name__ == "__main__":
             print(manager, flush=True)
             stands_still_in_the_middle(player, foretells)
             backdrop_comes_and_goes(player)
+            pages_and_a_board(player)
     print("weston", flush=True)
     with Compositor(sys.argv[1]) as player:
         turn_under_wayland(player)

@@ -1,0 +1,26 @@
+// What Qt leaves to whoever places the windows; one file for each window system.
+#pragma once
+
+#include <QMargins>
+#include <QPoint>
+#include <optional>
+
+class QWindow;
+
+namespace platform::qt {
+
+/// The frame that is going to stand around `window`, which is created and not yet on the display. Nothing
+/// where nobody knows.
+std::optional<QMargins> futureFrame(QWindow& window);
+
+/// Where the inside of `window`, which is on the display, stands there.
+QPoint standsAt(const QWindow& window);
+
+/// Gives `window` the keyboard.
+void giveKeyboard(QWindow& window);
+
+/// Has `window`, which is on the display, belong to `owner` from now on, or to none when that is null. False
+/// where the window system hears of an owner only with a new window.
+bool handOver(QWindow& window, const QWindow* owner);
+
+}  // namespace platform::qt

@@ -1,0 +1,23 @@
+#include <QWindow>
+
+#include "platform/qt/window_system.h"
+
+namespace platform::qt {
+
+std::optional<QMargins> futureFrame(QWindow& /*window*/) {
+  return std::nullopt;
+}
+
+QPoint standsAt(const QWindow& window) {
+  return window.position();
+}
+
+void giveKeyboard(QWindow& window) {
+  window.requestActivate();
+}
+
+bool handOver(QWindow& /*window*/, const QWindow* /*owner*/) {
+  return false;
+}
+
+}  // namespace platform::qt
