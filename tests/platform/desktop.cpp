@@ -56,7 +56,7 @@ TEST(Timer, CountsFromWhenItIsEnabledOrSet) {
     platform::SimulatedDesktop desktop;
     platform::Timer& timer = startClock(desktop);
     desktop.stall(60);
-    desktop.handle([&timer, &ask = ask] { ask(timer); });
+    desktop.handle([&timer, &change = ask] { change(timer); });
     EXPECT_EQ(desktop.nextTick(), next) << "case " << &ask - &cases[0].first;
   }
 }
