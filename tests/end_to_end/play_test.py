@@ -8,8 +8,6 @@ from urllib.parse import unquote
 sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
 from player import BOARD, MAGENTA, ORANGE, Player, until
 
-TOTAL_OF_MAGENTA = (560, 448, 89, 45)  # Against the computer.
-
 
 class Board(Player):
     row = 288  # Where the dice lie; the board against the computer has them higher.
@@ -88,25 +86,23 @@ class Board(Player):
         assert self.game.wait(10) == 0
 
 
-def three_players(player):
+def two_players(player):
     player.start()
-    player.new_game(3)
+    player.new_game(2)
     player.throw()
     assert player.put(2, 3), "CREW takes any die"
-    refused = [die for die in (0, 1, 3, 4) if not player.put(die, 0)]
-    assert refused or player.taken(0)
+    assert not player.put(0, 3), "CREW has one"
     player.finish_turn(throws=2)
     player.dice_turn(MAGENTA)
     player.throw()
     saved = player.leave()
-    assert saved[:4] == [3, 1, 1, 0], saved
+    assert saved[:4] == [2, 1, 1, 0], saved
     player.end()
 
     player.start()  # A new process plays on.
     player.restart()
     player.dice_turn(MAGENTA)
     assert player.turn_over(), "no throw has been made in the turn that starts afresh"
-    player.throw()
     assert player.leave() == saved
 
 
@@ -114,7 +110,6 @@ def against_the_computer(player):
     player.new_game(1)
     player.finish_turn()
     player.dice_turn(MAGENTA)
-    before = player.see(*TOTAL_OF_MAGENTA)
     places = set()
     while player.colour(358, player.row + 6) != ORANGE:
         # Between the icons and the row of dice there is nothing but what glides.
@@ -122,33 +117,28 @@ def against_the_computer(player):
         if len(xs):
             places.add((int(xs.min()), int(ys.min())))
     assert len(places) >= 5, places
-    seen = (player.see(*TOTAL_OF_MAGENTA) != before).any()
     saved = player.leave()
-    assert saved[:4] == [2, 0, 2, 1] and seen == (saved[5] > 0), saved
-    player.end()
+    assert saved[:4] == [2, 0, 2, 1], saved
 
 
-def rules(player):
-    opened, opener = player.folder / "opened", player.folder / "xdg-open"
-    opener.write_text(f'#!/bin/sh\necho "$1" >> "{opened}"\n')
-    opener.chmod(0o755)
-    player.start()
+def the_rules_to_print(player):
+    opened = player.folder / "opened"
     player.options()
-    player.click(158, 388)  # The maker's web address.
     for page in (112, 142), (733, 580), (733, 580):
         player.click(*page)
         player.find_window(800)
-    player.click(150, 580)  # The rules to print.
-    until(lambda: opened.exists() and len(opened.read_text().splitlines()) == 2)
-    address, document = opened.read_text().splitlines()
-    assert address == "https://tolvane.example/", address
-    assert unquote(document).endswith("/Tolvane Rules.doc"), document
+    player.click(150, 580)
+    until(opened.exists)
+    assert unquote(opened.read_text()).endswith("/Tolvane Rules.doc\n"), opened.read_text()
 
 
 if __name__ == "__main__":
     with Board(sys.argv[1]) as player:
+        opener = player.folder / "xdg-open"
+        opener.write_text(f'#!/bin/sh\necho "$1" > "{player.folder}/opened"\n')
+        opener.chmod(0o755)
         player.environment["PATH"] = f"{player.folder}:{player.environment['PATH']}"
-        three_players(player)
+        two_players(player)
         against_the_computer(player)
-        rules(player)
+        the_rules_to_print(player)
     print("3 passed, 0 failed")
