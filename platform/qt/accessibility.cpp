@@ -103,7 +103,6 @@ class AccessibleView final : public QAccessibleWidget {
 
   /// Tells of what has changed since the last time; a view that is new has changed nothing.
   void refresh() {
-    if (!screen()) return;
     Told now{nameOf(view_.widget()), state()};
     const std::optional<Told> before = std::exchange(told_, now);
     if (!before) return;
@@ -117,18 +116,17 @@ class AccessibleView final : public QAccessibleWidget {
     if (now.state.focused && !before->state.focused) send(QAccessibleEvent(&view_, QAccessible::Focus));
   }
 
-  QAccessible::Role role() const override { return screen() ? roleOf(view_.widget()) : QAccessible::NoRole; }
+  QAccessible::Role role() const override { return roleOf(view_.widget()); }
   QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name && screen() ? nameOf(view_.widget()) : QString();
+    return kind == QAccessible::Name ? nameOf(view_.widget()) : QString();
   }
   QAccessible::State state() const override {
     QAccessible::State state;
     state.invisible = !view_.isVisible();
-    if (!screen()) return state;
     const Widget& widget = view_.widget();
     state.disabled = !widget.enabled;
     state.focusable = widget.tabStop != 0;
-    state.focused = screen()->focus() == &widget && view_.isActiveWindow();
+    state.focused = screen().focus() == &widget && view_.isActiveWindow();
     state.checkable = widget.role == Role::CheckBox;
     state.checked = widget.checked;
     return state;
@@ -139,7 +137,6 @@ class AccessibleView final : public QAccessibleWidget {
 
   QStringList actionNames() const override {
     QStringList names;
-    if (!screen()) return names;
     const Widget& widget = view_.widget();
     if (!widget.visible || !widget.enabled || widget.tabStop == 0) return names;
     names << (widget.role == Role::CheckBox ? toggleAction() : pressAction()) << setFocusAction();
@@ -150,9 +147,9 @@ class AccessibleView final : public QAccessibleWidget {
     Widget& widget = view_.widget();
     QtDesktop& desktop = screenWindow().desktop();
     if (action != setFocusAction() && desktop.click(widget)) return;
-    desktop.handle([&] { screen()->setFocus(widget); });
+    desktop.handle([&] { screen().setFocus(widget); });
     // A piece is not clicked but picked up and put down.
-    if (action != setFocusAction()) desktop.pressKey(*screen(), Key::Space);
+    if (action != setFocusAction()) desktop.pressKey(screen(), Key::Space);
   }
 
  private:
@@ -167,7 +164,7 @@ class AccessibleView final : public QAccessibleWidget {
   }
 
   ScreenWindow& screenWindow() const { return static_cast<ScreenWindow&>(*view_.parentWidget()); }
-  Screen* screen() const { return screenWindow().screen(); }  // Null once the widget has gone with it.
+  Screen& screen() const { return screenWindow().screen(); }
 
   View& view_;
   std::optional<Told> told_;
@@ -194,9 +191,9 @@ class AccessibleWindow final : public QAccessibleWidget {
   }
 
   QString text(QAccessible::Text kind) const override {
-    const Screen* screen = window_.screen();
-    if (kind != QAccessible::Name || !screen) return {};
-    return QString::fromStdString(screen->spokenName.empty() ? screen->caption : screen->spokenName)
+    const Screen& screen = window_.screen();
+    if (kind != QAccessible::Name) return {};
+    return QString::fromStdString(screen.spokenName.empty() ? screen.caption : screen.spokenName)
         .simplified();
   }
   int childCount() const override { return static_cast<int>(children().size()); }
@@ -211,16 +208,14 @@ class AccessibleWindow final : public QAccessibleWidget {
     return found == all.end() ? -1 : static_cast<int>(found - all.begin());
   }
   QAccessibleInterface* focusChild() const override {
-    const Screen* screen = window_.screen();
-    return screen && screen->focus() ? QAccessible::queryAccessibleInterface(window_.view(*screen->focus()))
-                                     : nullptr;
+    const Widget* chosen = window_.screen().focus();
+    return chosen ? QAccessible::queryAccessibleInterface(window_.view(*chosen)) : nullptr;
   }
 
  private:
   std::vector<QAccessibleInterface*> children() const {
     std::vector<QAccessibleInterface*> all;
-    if (!window_.screen()) return all;
-    for (const Widget* widget : window_.screen()->widgets()) {
+    for (const Widget* widget : window_.screen().widgets()) {
       if (isTold(*widget)) all.push_back(QAccessible::queryAccessibleInterface(window_.view(*widget)));
     }
     all.push_back(speech_);

@@ -15,7 +15,7 @@ namespace platform::qt {
 namespace {
 
 auto showing(const Screen& screen) {
-  return [&screen](const auto& window) { return window->screen() == &screen; };
+  return [&screen](const auto& window) { return &window->screen() == &screen; };
 }
 
 }  // namespace

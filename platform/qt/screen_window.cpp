@@ -53,6 +53,12 @@ ScreenWindow::ScreenWindow(QtDesktop& desktop, Screen& screen)
   setMouseTracking(true);
 }
 
+// Screen readers hear of this, and ask, while there still is a screen to tell of.
+ScreenWindow::~ScreenWindow() {
+  hide();
+  qDeleteAll(views_);
+}
+
 void ScreenWindow::refresh() {
   // The mark is on what is seen of the chosen widget's place: the die on an icon, not the icon beneath.
   const Widget* marked = screen_.focus();

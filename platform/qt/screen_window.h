@@ -16,6 +16,7 @@ class QtDesktop;
 class ScreenWindow final : public QWidget {
  public:
   ScreenWindow(QtDesktop& desktop, Screen& screen);
+  ~ScreenWindow() override;
 
   /// Draws what differs from what was last drawn.
   void refresh();
@@ -31,7 +32,7 @@ class ScreenWindow final : public QWidget {
   void comeForward();
 
   QtDesktop& desktop() const { return desktop_; }
-  Screen* screen() const { return &screen_; }
+  Screen& screen() const { return screen_; }
   const std::vector<View*>& views() const { return views_; }
   View* view(const Widget& widget) const;
 

@@ -103,8 +103,8 @@ QPoint standsAt(const QWindow& window) {
   return reply ? QPoint(inPixels(reply->dst_x, window), inPixels(reply->dst_y, window)) : window.position();
 }
 
-// Qt would ask in the name of the event that it heard last. A window manager that has since taken the keyboard
-// from a window that went (Xfwm4 4.18) finds that too old; to be asked in no event's name means now.
+// Qt would ask in the name of the event that it heard last. A window manager that has since taken the
+// keyboard from a window that went (Xfwm4 4.18) finds that too old; to be asked in no event's name means now.
 void giveKeyboard(QWindow& window) {
   xcb_connection_t* x = connection();
   if (!x) return window.requestActivate();

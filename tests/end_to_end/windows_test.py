@@ -28,7 +28,9 @@ class Watcher(Board):
 
     def box(self, colour):
         """The left, top, width and height of all that has this colour; none if it is but a few spots."""
-        rows, columns = (self.display_seen() == colour).all(axis=2).nonzero()
+        there = (self.display_seen() == colour).all(axis=2)
+        there[:40] = there[-40:] = False  # Panels.
+        rows, columns = there.nonzero()
         return (int(columns.min()), int(rows.min()), int(numpy.ptp(columns) + 1),
                 int(numpy.ptp(rows) + 1)) if len(rows) > 3000 else None
 
@@ -129,7 +131,7 @@ def pages_and_a_board(player):
     player.find_window(798)
     board = player.tell("xdotool", "getactivewindow").strip()
     player.tell("xdotool", "windowminimize", board)
-    until(lambda: not player.box(BOARD))
+    until(lambda: (player.box(BOARD) or (0,) * 4)[2] < 700)  # Page 2 has a picture of a board.
     if player.box(RULES):
         player.wait_for(RULES, (800, 600))
         player.click(750, 14)
