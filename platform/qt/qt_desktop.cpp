@@ -161,7 +161,7 @@ ScreenWindow* QtDesktop::ownerOf(const Screen& screen) const {
 void QtDesktop::refresh() {
   for (const auto& [screen, window] : windows_) {
     window->refresh();
-    accessibility_.refresh(*window);
+    Accessibility::refresh(*window);
   }
   armTicker();
 }
