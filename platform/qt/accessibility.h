@@ -22,7 +22,7 @@ class Accessibility final : public QObject, private QAccessible::ActivationObser
 
   /// Tells what differs on `window` from what was last told: names, ticks, what is greyed, what the keyboard
   /// has chosen.
-  void refresh(ScreenWindow& window);
+  static void refresh(ScreenWindow& window);
 
   /// Has `words` spoken once the keyboard is in `window`. Until then only the latest words are kept.
   void announce(ScreenWindow& window, const std::string& words);

@@ -8,8 +8,8 @@ namespace platform::qt {
 namespace {
 
 struct NamedKey {
-  int code;  // In Qt.
-  Key key;
+  int code = 0;  // In Qt.
+  Key key = Key::Space;
   bool repeats = false;  // A key held down presses a button once, but moves on.
 };
 

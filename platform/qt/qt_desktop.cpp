@@ -140,7 +140,7 @@ QMargins QtDesktop::titleBar(const ScreenWindow& window) {
 void QtDesktop::refresh() {
   for (const auto& window : windows_) {
     window->refresh();
-    accessibility_.refresh(*window);
+    Accessibility::refresh(*window);
   }
   armTicker();
 }
