@@ -16,7 +16,7 @@ BOARD = (41, 65, 137)
 ORANGE, MAGENTA = (255, 128, 0), (255, 0, 255)
 
 
-def until(what, seconds=10, every=0.05):
+def until(what, seconds=30, every=0.05):
     """Waits for `what` to come true and returns it."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
