@@ -127,18 +127,13 @@ class SimulatedProgram {
   void drag(std::size_t i, float left, float top) {
     desktop.drag(board, middleOf(i), {1, left + die(i).width / 2, top + die(i).height / 2});
   }
-  void dragToIcon(std::size_t i, game::IconKind kind) {
-    const platform::Widget& target = icon(static_cast<std::size_t>(kind));
-    drag(i, target.left + 30, target.top - 45);
-  }
-
-  /// Die 0 to SHIP, die 1 to CAPTAIN, and so on to CARGO.
-  void dragAllToIcons() { dragDice("01234"); }
 
   /// Drags each die, from the first, to the icon of the index that stands for it ("00123"); '-' leaves it.
   void dragDice(std::string_view icons) {
     for (std::size_t i = 0; i < icons.size(); ++i) {
-      if (icons[i] != '-') dragToIcon(i, static_cast<game::IconKind>(icons[i] - '0'));
+      if (icons[i] == '-') continue;
+      const platform::Widget& target = icon(static_cast<std::size_t>(icons[i] - '0'));
+      drag(i, target.left + 30, target.top - 45);
     }
   }
 
@@ -171,8 +166,7 @@ class SimulatedProgram {
   std::string heard() {
     std::string names;
     for (const std::string& path : std::exchange(desktop.sounds, {})) {
-      const bool usual = path.starts_with("wav\\") && path.ends_with(".wav");
-      names += (names.empty() ? "" : " ") + (usual ? path.substr(4, path.size() - 8) : path);
+      names += (names.empty() ? "" : " ") + path.substr(4, path.size() - 8);  // Of wav\NAME.wav.
     }
     return names;
   }

@@ -20,7 +20,7 @@ struct Onlooker : tests::SimulatedProgram {
     for (int time = 0; time < milliseconds;) {
       if (time % 250 == 0 && before[5] != 'O') {
         click("Label2(3)");
-        dragAllToIcons();
+        dragDice("01234");
       }
       if (throws.contains(time)) scriptThrow(throws.at(time));
       const auto tick = desktop.nextTick().value_or(desktop.now() + 1h) - desktop.now();
@@ -93,7 +93,7 @@ TEST(ComputersTurn, LeavesNothingToANewGame) {
     program.desktop.advance(10000);
     EXPECT_EQ(program.look() + program.faces() + program.heard(), "hhhhhO-----shipbell");
     program.throwFaces("65412");
-    program.dragAllToIcons();
+    program.dragDice("01234");
     program.desktop.advance(4000);
     EXPECT_TRUE(oneThrow.seen.starts_with(program.watch(15000, oneThrow.throws)));
   }

@@ -1,5 +1,5 @@
 // A player made of bytes: whatever it does, on any screen at any moment, there are five dice in reach, and
-// the game can be played on to its end, by mouse as by keys.
+// the game can be played on to its end.
 #include <fuzzer/FuzzedDataProvider.h>
 #include <iostream>
 
@@ -23,7 +23,6 @@ class Game : tests::SimulatedProgram {
 
   void play(bool toTheEnd) {
     players_ = bytes_.ConsumeIntegralInRange<std::size_t>(1, 4);
-    byKeys_ = bytes_.ConsumeBool();
     if (bytes_.ConsumeBool()) openBoard(static_cast<int>(players_));
     while (bytes_.remaining_bytes() > 0 && !desktop.ended) {
       act();
@@ -145,54 +144,17 @@ class Game : tests::SimulatedProgram {
 
   void takeTurn() {
     const bool allThere = std::string_view("654").find_first_not_of(faces()) == std::string_view::npos;
-    if (byKeys_) {
-      gatherByKeys();
-      for (const char face : allThere ? "654" + faces() : "T") press(face);
-    } else {
-      gather();
-      if (allThere) {
-        setAllAside();
-      } else {
-        const platform::Widget& button = at("Label2(3)");
-        const platform::MouseEvent there{platform::leftButton, button.left + 60, button.top + 60};
-        desktop.drag(board, there, there);
-      }
-    }
-  }
-
-  void setAllAside() {
-    for (std::size_t icon = 0; icon < game::icons.size(); ++icon) {
-      for (std::size_t i = 0; i < game::diceCount; ++i) {
-        const auto kind = static_cast<game::IconKind>(icon);
-        const bool empty = places().find(static_cast<char>('0' + icon)) == std::string::npos;
-        if (empty && places()[i] == 'h' && game::accepts(kind, die(i).text, false)) dragToIcon(i, kind);
-      }
-    }
-  }
-
-  // Drags the dice home. One can lie beneath others, so it is taken hold of all over.
-  void gather() {
-    for (int time = 0; time < 125 && places() != "hhhhh"; ++time) {
-      const std::size_t die = places().find_first_not_of('h');
-      platform::MouseEvent hold = middleOf(die);
-      hold.x += 240 * static_cast<float>(time % 5 - 2);
-      hold.y += 240 * static_cast<float>(time / 5 % 5 - 2);
-      desktop.drag(board, hold, {platform::leftButton, home(die).left + 300, home(die).top + 300});
-    }
-  }
-
-  // Picks up each die and puts it down where it is, which sends it home.
-  void gatherByKeys() {
+    // Each die is picked up and put down where it is, which sends it home.
     desktop.pressKey(board, Key::Escape);
     for (const std::size_t die : {0U, 1U, 2U, 3U, 4U}) {
       desktop.find(board)->setFocus(this->die(die));
       for (int time = 0; time < 2 && places()[die] != 'h'; ++time) press(' ');
     }
+    for (const char face : allThere ? "654" + faces() : "T") press(face);
   }
 
   FuzzedDataProvider& bytes_;
   std::size_t players_ = 1;  // Of a game that is begun afresh.
-  bool byKeys_ = false;
   platform::MouseEvent mouse_;
 };
 

@@ -1,5 +1,4 @@
-// The boards by keyboard and by ear: what each key does and says, and a whole game by a player who sees
-// nothing.
+// The boards by keyboard and by ear: what each key does and says.
 
 #include "simulated_program.h"
 
@@ -121,35 +120,6 @@ TEST(Keys, FindTheirWayOverTheBoard) {
   other.desktop.pressMouse(*other.desktop.find(other.board), other.middleOf(0));
   press(other, "t6");
   EXPECT_EQ(other.places() + focus(other), "hhhhh");
-}
-
-TEST(Ear, IsEnoughForAWholeGameAgainstTheComputer) {
-  const tests::EmptyFolder folder;
-  tests::SimulatedProgram game;
-  game.desktop.pressKey("Titlefrm", platform::Key::Return);
-  game.desktop.pressKey("Startplay2", platform::Key{'1'});
-  game.board = "tolvanecomputer";
-  std::string heard;
-  std::map<std::string, std::string> totals;
-  for (int step = 0; step < 3000 && !heard.starts_with("End of game."); ++step) {
-    if (game.desktop.said.empty()) game.desktop.advance(100);
-    if (game.desktop.said.empty()) continue;
-    heard = game.desktop.said.front();
-    game.desktop.said.erase(game.desktop.said.begin());
-    for (const char* has : {"Orange has ", "Magenta has "}) {
-      if (heard.find(has) != std::string::npos) totals[has] = heard.substr(heard.find(has));
-    }
-    if (heard.ends_with("T throws the dice.") || heard.starts_with("Orange to play")) press(game, "T");
-    // On Magenta's turn the keys are refused, and say so.
-    if (heard.starts_with("Throw ")) press(game, "654T");
-    if (heard.starts_with("No throws left")) press(game, "112233445566");
-  }
-  const std::string orange = game.at("Label5(0)").text;
-  const std::string magenta = game.at("Label5(1)").text;
-  EXPECT_TRUE(heard.ends_with(" Orange " + orange + ", Magenta " + magenta + ".")) << heard;
-  EXPECT_EQ(totals["Orange has "] + totals["Magenta has "],
-            "Orange has " + orange + ".Magenta has " + magenta + ".");
-  EXPECT_NE(orange + magenta, "00");
 }
 
 TEST(Ear, IsToldOfADieOnItsWay) {

@@ -172,7 +172,8 @@ static std::string heardOf(const std::string& events) {
         const platform::Widget& part = panel.parts.at(place.str());
         mouse = {0, part.left + part.width / 2, part.top + part.height / 2};
       } else {
-        place >> mouse.x&& place.ignore() && place >> mouse.y;
+        char slash = 0;
+        place >> mouse.x >> slash >> mouse.y;
       }
       const int button = word[1] - '0';
       if (word[0] == 'p') held |= button;

@@ -1,8 +1,6 @@
 // A game that is left with Exit and taken up again from the title screen, through the file "lastgame.inf".
-#include <csignal>
 #include <fstream>
 #include <map>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -77,7 +75,8 @@ TEST(SavedGame, HoldsTheGameThatWasLeft) {
 
 TEST(SavedGame, IsTakenUpOnlyWhenItCanBePlayed) {
   const std::map<std::string, const char*> games{
-      {"tolvane", R"(3,2,4,0,48,0,7,0,1,0, 3,2,4,0,-32768,49,7,32767,1,0, 2,1,2,0,14,9,7,0,1,0 4,1,1,0,14,9,7,0,1,0 3,1,2,0,14,+9+,7,0,1,0
+      {"tolvane",
+       R"(3,2,4,0,48,0,7,0,1,0, 3,2,4,0,-32768,49,7,32767,1,0, 2,1,2,0,14,9,7,0,1,0 4,1,1,0,14,9,7,0,1,0 3,1,2,0,14,+9+,7,0,1,0
           2,0,2,0,14,9,7,0,1,0 2,1,2,0,0,9,48,48,-32768,0 4,3,1,0,0,48,0,0,32767,0
           3,1,2,0,14,9,7,0,1,2 3,1,2,0,14,9,7,0,1,yes 3,1,2,0,14,9,7,0,1,99999999999)"},
       {"Grey tolvane", "3,2,4,0,48,0,7,0,1,1 3,2,4,0,48,0,7,0,0,1,8,,more, 3,2,4,0,48,0,7,0,1,+1+,"},
@@ -116,21 +115,6 @@ TEST(SavedGame, IsNoTrapWhateverItsNameStandsFor) {
     program.desktop.click("tolvane", "Label2(2)");
     EXPECT_EQ(program.screens(), "Grey Titlefrm");
   }
-}
-
-TEST(SavedGame, MayBeMoreThanThePlayerMayWrite) {
-  std::signal(SIGXFSZ, SIG_IGN);  // As the program does.
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  Program program;
-  program.restart(Program::lines("3,1,2,0,14,9,7,0,1,0,"));
-  const rlimit limit{5, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &limit);
-  EXPECT_EQ(program.leave().size(), 5U);
-  setrlimit(RLIMIT_FSIZE, &before);
-  EXPECT_EQ(program.restart(""), "Titlefrm");
-  program.openBoard(2);
-  EXPECT_EQ(program.leave(), program.lines("2,0,1,0,0,0,0,0,1,1,"));
 }
 
 }  // namespace

