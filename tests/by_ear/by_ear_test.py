@@ -16,9 +16,6 @@ from gi.repository import Atspi, GLib
 sys.path.append(str(Path(__file__).resolve().parents[2] / "tools"))
 from player import Player, until
 
-ICONS = ("SHIP", "CAPTAIN", "MATE", "CREW", "CARGO")
-FIT = {"SHIP": "6", "CAPTAIN": "5", "MATE": "4"}
-
 
 class Listener(Player):
     """Hears what is said, notes which part the keyboard has chosen, and counts how often a name changes."""
@@ -79,18 +76,14 @@ class Listener(Player):
         assert 0 < self.changes - before < 20, f"{self.changes - before} names changed during a roll"
         return words
 
-    def set_aside(self, said):
-        """Sets aside what the throw of which this was said has for the icons; all, if it was the last. Returns what is said."""
-        row = re.findall(r"\d", re.search(r"Throw \d(?:: ([^.]*))?\.", said)[1] or "")
-        while "Turn over." not in said:
-            empty = [icon for icon in ICONS if any(re.match(f"{icon}, .*empty", part) for part in self.parts())]
-            fits = [icon for icon in empty if FIT.get(icon) in row]
-            if not fits and any(icon in FIT for icon in empty):
-                break  # The next throw may bring it.
-            icon = (fits or empty)[0]
-            face = FIT.get(icon, row[0])
-            said = self.press(face, f"{face} on {icon}.")
-            row.remove(face)
+    def turn(self):
+        """Sets aside the highest die of each throw, and all of the last one's if they suffice. Returns the last words."""
+        for throw in 1, 2, 3:
+            said = self.throw()
+            faces = sorted(re.findall(r"\d", re.search(r"Throw \d: ([^.]*)\.", said)[1]), reverse=True)
+            for face in faces if throw == 3 else faces[:1]:
+                if "Turn over." not in said:
+                    said = self.press(face, f"{face} on ")
         return said
 
 
@@ -102,9 +95,7 @@ def a_saved_game(player):
     player.tell("xdotool", "key", "Tab")
     player.wait(lambda: "Restart Previous Game" in player.chosen)
     player.press("space", "Tolvane. ORANGE TO PLAY. ROUND 4 OF 4.")
-    said = ""
-    while "Turn over." not in said:
-        said = player.set_aside(player.throw())
+    said = player.turn()
     totals = {"Orange": 12, "Magenta": 9}
     for seat, then in ("Orange", "Magenta to play. ROUND 4 OF 4."), ("Magenta", "End of game."):
         while "Turn over." not in said:

@@ -38,8 +38,6 @@ def without_a_complaint(deb, tree):
     for place, pattern in {ROOT / "CHANGELOG.md": r"## (\S+) ", metainfo: r'<release version="(.*?)"',
                            ROOT / "packaging/debian/changelog": r"\((.*?)\)"}.items():
         assert re.search(pattern, place.read_text())[1] == VERSION, place
-    document = (tree / "usr/share/doc/tolvane/Tolvane Rules.doc").read_bytes()
-    assert document == (ROOT / "Tolvane Rules.doc").read_bytes()
 
 
 def plays_without_a_folder(tree):

