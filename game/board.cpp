@@ -34,15 +34,10 @@ tolvane::tolvane(platform::Desktop& desktop, GameOptions& options, GameState& st
 
 void tolvane::layOutWidgets() {
   using namespace shell::look;
-  add(Shape1, "Shape1",
-      {.left = 2520,
-       .top = 1200,
-       .width = 1455,
-       .height = 6255,
-       .border = true,
-       .borderColour = {128, 64, 0},
-       .borderWidth = 30,
-       .role = platform::Role::Decoration});
+  add(Shape1, "Shape1", picture({2520, 1200, 1455, 6255}));
+  Shape1.border = true;
+  Shape1.borderColour = {128, 64, 0};
+  Shape1.borderWidth = 30;
   add(Image2, "Image2", picture({120, 120, 915, 1260}));
   add(Label1, "Label1", centred({4440, 120, 7455, 1095}, arial(36), orange, seats[0].toPlay));
   add(Label6, "Label6", centred({4440, 1320, 7455, 735}, arial(24), orange, "ROUND 1 OF 4"));
@@ -50,10 +45,8 @@ void tolvane::layOutWidgets() {
   add(Label2[throwButton], "Label2(3)", button({5280, 3480, 5805, 615}, arialBold(24), orange, "Throw Dice"));
   const auto home = [](std::size_t i) { return Box{5280 + 1200 * static_cast<float>(i), 4320, 975, 975}; };
   for (std::size_t i = 0; i < diceCount; ++i) {
-    Appearance marker = label(home(i), arial(12), platform::black);
-    marker.border = true;
-    marker.role = platform::Role::Decoration;
-    add(Label7[i], indexed("Label7", i), marker);
+    add(Label7[i], indexed("Label7", i), picture(home(i)));
+    Label7[i].border = true;
   }
   for (std::size_t i = 0; i < diceCount; ++i) {
     add(Label4[i], indexed("Label4", i), tile(home(i), arial(39.75F), orange));

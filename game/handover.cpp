@@ -6,6 +6,7 @@ namespace game {
 
 void tolvane::handover() {
   Timer1.setInterval(4000);
+  Timer1.disable();
   board_.turnOver = false;
   Label9.visible = false;
   for (std::size_t die = 0; die < diceCount; ++die) {
@@ -17,16 +18,11 @@ void tolvane::handover() {
   presentSeat();
   if (state_.currentSeat == 0) {
     ++state_.roundNumber;
-    if (state_.roundNumber > roundsPerGame) {
-      Timer1.disable();
-      endofgame();
-      return;
-    }
+    if (state_.roundNumber > roundsPerGame) return endofgame();
     showRound();
   }
   say(seatToPlay() + " to play. " + Label6.text + ".");
   Label2[throwButton].enabled = true;
-  Timer1.disable();
   beginTurn();
 }
 
@@ -42,10 +38,7 @@ void tolvane::presentSeat() {
 void tolvane::colourBoard(platform::Colour colour) {
   Label1.textColour = colour;
   Label6.textColour = colour;
-  for (platform::Widget& die : Label4) {
-    die.background = colour;
-    die.textColour = platform::black;
-  }
+  for (platform::Widget& die : Label4) die.background = colour;
 }
 
 void tolvane::showRound() {

@@ -7,12 +7,8 @@ namespace platform {
 
 namespace {
 
-constexpr Moment milliseconds(int count) {
-  return std::chrono::milliseconds(count);
-}
-
 // How soon the second press of a double click follows the first.
-constexpr Moment doubleClick = milliseconds(400);
+constexpr Moment doubleClick = std::chrono::milliseconds(400);
 
 // A button or a link, as against what is dragged.
 bool isClicked(const Widget& widget) {
@@ -45,18 +41,6 @@ MouseEvent over(const Widget& widget, MouseEvent mouse) {
   mouse.y -= widget.top;
   return mouse;
 }
-
-// A flag that is up for as long as this lives, also where a handler throws.
-class Raised {
- public:
-  explicit Raised(bool& flag) : flag_(flag) { flag_ = true; }
-  ~Raised() { flag_ = false; }
-  Raised(const Raised&) = delete;
-  Raised& operator=(const Raised&) = delete;
-
- private:
-  bool& flag_;
-};
 
 auto named(std::string_view name) {
   return [name](const std::unique_ptr<Screen>& screen) { return screen->name() == name; };
@@ -111,15 +95,15 @@ void Desktop::say(std::string_view words) {
 
 void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
   assert(!handling_ && "One handler runs at a time.");
-  {
-    const Raised running(handling_);
-    moment_ = moment;
-    handler();
-    destroyClosed();
-    startTimers();
-    for (const auto& screen : open_) screen->nameWidgets();
-    refresh();
-  }
+  handling_ = true;
+  moment_ = moment;
+  handler();
+  for (const auto& screen : closed_) dismiss(*screen);
+  closed_.clear();
+  startTimers();
+  for (const auto& screen : open_) screen->nameWidgets();
+  refresh();
+  handling_ = false;
   if (!words_.empty()) {
     lastSaid_ = std::exchange(words_, {});
     announce(lastSaid_);
@@ -128,6 +112,10 @@ void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
                   [](const auto& screen) { return screen->frame == Frame::Backdrop; })) {
     endProgram();
   }
+}
+
+void Desktop::start(std::string_view screen) {
+  handle([&] { show(screen); });
 }
 
 bool Desktop::click(Widget& widget) {
@@ -198,7 +186,7 @@ void Desktop::runDueTick() {
   Timer* timer = earliestTimer();
   const Moment moment = now();
   if (!timer || timer->due_ > moment) return;
-  const Moment interval = milliseconds(timer->interval_);
+  const Moment interval = std::chrono::milliseconds(timer->interval_);
   const Moment came = moment - timer->due_ < interval ? timer->due_ : moment;
   timer->due_ = came + interval;
   handleAt(came, timer->onTick);
@@ -217,15 +205,10 @@ Timer* Desktop::earliestTimer() const {
 void Desktop::startTimers() {
   for (const auto& screen : open_) {
     for (Timer* timer : screen->timers()) {
-      if (timer->enabled_ && timer->restart_) timer->due_ = moment_ + milliseconds(timer->interval_);
+      if (timer->restart_) timer->due_ = moment_ + std::chrono::milliseconds(timer->interval_);
       timer->restart_ = false;
     }
   }
-}
-
-void Desktop::destroyClosed() {
-  for (const auto& screen : closed_) dismiss(*screen);
-  closed_.clear();
 }
 
 std::optional<Size> loadPicture(Desktop& desktop, Widget& widget, std::string_view path) {

@@ -27,8 +27,6 @@ struct FrameExtents {
   float top = 0;
   float right = 0;
   float bottom = 0;
-
-  friend bool operator==(const FrameExtents&, const FrameExtents&) = default;
 };
 
 /// A place on the display in twips.
@@ -107,6 +105,9 @@ class Desktop {
   /// way out.
   void handle(const std::function<void()>& handler) { handleAt(now(), handler); }
 
+  /// Shows the first screen.
+  void start(std::string_view screen);
+
   /// A click on `widget`. False, and nothing happens, when it would not be heard.
   bool click(Widget& widget);
 
@@ -151,7 +152,6 @@ class Desktop {
   void handleAt(Moment moment, const std::function<void()>& handler);
   Timer* earliestTimer() const;
   void startTimers();
-  void destroyClosed();
 
   std::vector<std::pair<std::string, ScreenFactory>> factories_;
   std::vector<std::unique_ptr<Screen>> open_;

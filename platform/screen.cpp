@@ -9,10 +9,6 @@ namespace platform {
 
 namespace {
 
-bool isClickedByKeys(const Widget& widget) {
-  return widget.role == Role::Button || widget.role == Role::CheckBox || widget.role == Role::Link;
-}
-
 bool canBeChosen(const Widget& widget) {
   return widget.visible && widget.enabled;
 }
@@ -29,7 +25,9 @@ void Screen::add(Widget& widget, std::string name, Appearance designed) {
   widget.name = std::move(name);
   widgets_.push_back(&widget);
   drawingOrder_.push_back(&widget);
-  if (isClickedByKeys(widget)) widget.tabStop = static_cast<int>(widgets_.size());
+  if (widget.role == Role::Button || widget.role == Role::CheckBox || widget.role == Role::Link) {
+    widget.tabStop = static_cast<int>(widgets_.size());
+  }
 }
 
 void Screen::setFocus(Widget& widget) {
@@ -65,8 +63,7 @@ void Screen::moveFocusToStop(bool forwards) {
 
 void Screen::answer(Key key) {
   if (onKey(key)) return;
-  if ((key == Key::Space || key == Key::Return) && focus_ && isClickedByKeys(*focus_) &&
-      canBeClicked(*focus_)) {
+  if ((key == Key::Space || key == Key::Return) && focus_ && canBeClicked(*focus_)) {
     activate(*focus_);
     return;
   }

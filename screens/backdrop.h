@@ -12,9 +12,8 @@ class Grey final : public platform::Screen {
     caption = "Form1";
     spokenName = "Backdrop";
     frame = platform::Frame::Backdrop;
+    background = {49, 135, 215};
   }
-
-  void load() override { background = {49, 135, 215}; }
 };
 
 }  // namespace screens

@@ -16,23 +16,15 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
   background = navy;
   client = {5445, 6570};
 
-  // The panel reaches a little beyond the window's left and top edge; all else has its place within the
-  // panel.
-  static constexpr Box panel{-30, -120, 5640, 6720};
-  const auto within = [](Box box) {
-    return Box{box.left + panel.left, box.top + panel.top, box.width, box.height};
-  };
-  add(Frame1, "Frame1", label(panel, arial(12), yellow));
+  add(Frame1, "Frame1", picture({-30, -120, 5640, 6720}));
   Frame1.background = navy;
-  Frame1.role = platform::Role::Decoration;
-  add(Label4, "Label4", centred(within({360, 240, 4755, 1575}), arialBold(32.25F), yellow, " Tolvane"));
+  add(Label4, "Label4", centred({330, 120, 4755, 1575}, arialBold(32.25F), yellow, " Tolvane"));
   Label4.role = platform::Role::Heading;
-  add(Picture1, "Picture1", picture(within({360, 2100, 4800, 3120})));
-  add(Label6, "Label6",
-      button(within({780, 5340, 3975, 435}), arialBold(15.75F), yellow, "Restart Previous Game"));
-  add(Label5, "Label5", button(within({960, 5880, 1695, 435}), arialBold(15.75F), yellow, "OK"));
-  add(Label7, "Label7", button(within({2880, 5880, 1695, 435}), arialBold(15.75F), yellow, "Exit"));
-  add(Label2, "Label2", centred(within({0, 6360, 5535, 285}), arialBold(12), yellow, footer));
+  add(Picture1, "Picture1", picture({330, 1980, 4800, 3120}));
+  add(Label6, "Label6", button({750, 5220, 3975, 435}, arialBold(15.75F), yellow, "Restart Previous Game"));
+  add(Label5, "Label5", button({930, 5760, 1695, 435}, arialBold(15.75F), yellow, "OK"));
+  add(Label7, "Label7", button({2850, 5760, 1695, 435}, arialBold(15.75F), yellow, "Exit"));
+  add(Label2, "Label2", centred({-30, 6240, 5535, 285}, arialBold(12), yellow, footer));
 
   Label5.key = platform::Key::Return;
   Label5.onClick = [this] { goOn(); };

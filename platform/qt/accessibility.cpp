@@ -4,11 +4,9 @@
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QEvent>
-#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "platform/qt/qt_desktop.h"
 
@@ -17,32 +15,16 @@ namespace platform::qt {
 namespace {
 
 QAccessible::Role roleOf(const Widget& widget) {
-  switch (widget.role) {
-    case Role::Decoration:
-      break;
-    case Role::Text:
-      return QAccessible::StaticText;
-    case Role::Heading:
-      return QAccessible::Heading;
-    case Role::Button:
-      return QAccessible::Button;
-    case Role::CheckBox:
-      return QAccessible::CheckBox;
-    case Role::Link:
-      return QAccessible::Link;
-    case Role::Piece:
-      return QAccessible::ListItem;  // Of those that can be chosen, the one that readers read by its name
-                                     // alone.
-  }
-  return QAccessible::NoRole;
+  // In the order of the game's roles. A piece is a list item: of those that can be chosen, the one that
+  // readers read by its name alone.
+  constexpr std::array roles{QAccessible::NoRole,  QAccessible::StaticText, QAccessible::Heading,
+                             QAccessible::Button,  QAccessible::CheckBox,   QAccessible::Link,
+                             QAccessible::ListItem};
+  return roles.at(static_cast<std::size_t>(widget.role));
 }
 
 QString nameOf(const Widget& widget) {
   return QString::fromStdString(widget.spokenName.empty() ? widget.text : widget.spokenName).simplified();
-}
-
-bool isTold(const Widget& widget) {
-  return widget.visible && widget.role != Role::Decoration && !nameOf(widget).isEmpty();
 }
 
 /// What the game says, for those versions of Qt that know no announcements: readers speak the text of a
@@ -53,7 +35,7 @@ class SpokenText final : public QAccessibleInterface {
     QAccessible::registerAccessibleInterface(this);
   }
 
-  void add(SpokenText& child) { children_.push_back(&child); }
+  void add(SpokenText& child) { children_ << &child; }
   void show(const QString& words) {
     words_ = words;
     // Some readers keep names, and would speak the one they know.
@@ -68,13 +50,10 @@ class SpokenText final : public QAccessibleInterface {
   QWindow* window() const override { return parent_.window(); }
   QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
   QAccessibleInterface* parent() const override { return &parent_; }
-  QAccessibleInterface* child(int index) const override {
-    return index >= 0 && index < childCount() ? children_[static_cast<std::size_t>(index)] : nullptr;
-  }
+  QAccessibleInterface* child(int index) const override { return children_.value(index); }
   int childCount() const override { return static_cast<int>(children_.size()); }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    const auto found = std::find(children_.begin(), children_.end(), child);
-    return found == children_.end() ? -1 : static_cast<int>(found - children_.begin());
+    return static_cast<int>(children_.indexOf(child));
   }
   QString text(QAccessible::Text kind) const override {
     return kind == QAccessible::Name ? words_ : QString();
@@ -92,7 +71,7 @@ class SpokenText final : public QAccessibleInterface {
  private:
   QAccessible::Role role_;
   QAccessibleInterface& parent_;
-  std::vector<SpokenText*> children_;
+  QList<QAccessibleInterface*> children_;
   QString words_ = QStringLiteral("Messages");
 };
 
@@ -197,15 +176,9 @@ class AccessibleWindow final : public QAccessibleWidget {
         .simplified();
   }
   int childCount() const override { return static_cast<int>(children().size()); }
-  QAccessibleInterface* child(int index) const override {
-    const auto all = children();
-    return index >= 0 && index < static_cast<int>(all.size()) ? all[static_cast<std::size_t>(index)]
-                                                              : nullptr;
-  }
+  QAccessibleInterface* child(int index) const override { return children().value(index); }
   int indexOfChild(const QAccessibleInterface* child) const override {
-    const auto all = children();
-    const auto found = std::find(all.begin(), all.end(), child);
-    return found == all.end() ? -1 : static_cast<int>(found - all.begin());
+    return static_cast<int>(children().indexOf(child));
   }
   QAccessibleInterface* focusChild() const override {
     const Widget* chosen = window_.screen().focus();
@@ -213,13 +186,13 @@ class AccessibleWindow final : public QAccessibleWidget {
   }
 
  private:
-  std::vector<QAccessibleInterface*> children() const {
-    std::vector<QAccessibleInterface*> all;
+  QList<QAccessibleInterface*> children() const {
+    QList<QAccessibleInterface*> all;
     for (const Widget* widget : window_.screen().widgets()) {
-      if (isTold(*widget)) all.push_back(QAccessible::queryAccessibleInterface(window_.view(*widget)));
+      if (!widget->visible || widget->role == Role::Decoration || nameOf(*widget).isEmpty()) continue;
+      all << QAccessible::queryAccessibleInterface(window_.view(*widget));
     }
-    all.push_back(speech_);
-    return all;
+    return all << speech_;
   }
 
   ScreenWindow& window_;

@@ -32,22 +32,10 @@ QtDesktop::QtDesktop() {
   });
 }
 
-void QtDesktop::start(std::string_view screen) {
-  handle([&] { show(screen); });
-}
-
 Size QtDesktop::displaySize() const {
   const QSize display = QGuiApplication::primaryScreen()->size();
   return {static_cast<float>(display.width()) * twipsPerPixel,
           static_cast<float>(display.height()) * twipsPerPixel};
-}
-
-std::optional<Size> QtDesktop::readPicture(std::string_view path) {
-  return pictures_.load(path);
-}
-
-void QtDesktop::playwav(std::string_view path) {
-  sounds_.play(path);
 }
 
 void QtDesktop::openDocument(std::string_view target) {

@@ -23,12 +23,9 @@ class QtDesktop final : public Desktop {
  public:
   QtDesktop();
 
-  /// Shows the first screen; the rest happens while the application runs.
-  void start(std::string_view screen);
-
   Size displaySize() const override;
-  std::optional<Size> readPicture(std::string_view path) override;
-  void playwav(std::string_view path) override;
+  std::optional<Size> readPicture(std::string_view path) override { return pictures_.load(path); }
+  void playwav(std::string_view path) override { sounds_.play(path); }
   void openDocument(std::string_view target) override;
   void setPointer(Pointer pointer) override;
   void endProgram() override;

@@ -11,10 +11,6 @@ double SimulatedChance::next() {
   return scripted;
 }
 
-void SimulatedDesktop::start(std::string_view screen) {
-  handle([&] { show(screen); });
-}
-
 void SimulatedDesktop::advance(int milliseconds) {
   const Moment end = now_ + std::chrono::milliseconds(milliseconds);
   for (auto due = nextTick(); due && *due <= end; due = nextTick()) {

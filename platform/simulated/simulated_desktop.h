@@ -43,9 +43,6 @@ class SimulatedDesktop final : public Desktop {
 
   Moment now() const override { return now_; }
 
-  /// Shows a screen from outside any handler, as the start of the program does.
-  void start(std::string_view screen);
-
   /// Moves the clock on, with every tick that is due on the way, the last moment included.
   void advance(int milliseconds);
 

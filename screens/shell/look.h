@@ -73,11 +73,9 @@ inline Appearance button(Box box, Font font, Colour colour, std::string_view tex
 
 /// A box for a picture, empty until one is loaded.
 inline Appearance picture(Box box) {
-  return {.left = box.left,
-          .top = box.top,
-          .width = box.width,
-          .height = box.height,
-          .role = platform::Role::Decoration};
+  Appearance look = label(box, {}, platform::black);
+  look.role = platform::Role::Decoration;
+  return look;
 }
 
 inline Appearance hidden(Appearance look) {
