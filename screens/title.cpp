@@ -18,6 +18,7 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
 
   add(Frame1, "Frame1", picture({-30, -120, 5640, 6720}));
   Frame1.background = navy;
+  Frame1.textColour = yellow;
   add(Label4, "Label4", centred({330, 120, 4755, 1575}, arialBold(32.25F), yellow, " Tolvane"));
   Label4.role = platform::Role::Heading;
   add(Picture1, "Picture1", picture({330, 1980, 4800, 3120}));
