@@ -95,7 +95,8 @@ void Desktop::say(std::string_view words) {
 
 void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
   assert(!handling_ && "One handler runs at a time.");
-  handling_ = true;
+  handling_ = true;  // To the end, also where the handler throws.
+  const std::unique_ptr<bool, void (*)(bool*)> handled(&handling_, [](bool* flag) { *flag = false; });
   moment_ = moment;
   handler();
   for (const auto& screen : closed_) dismiss(*screen);
@@ -103,7 +104,6 @@ void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
   startTimers();
   for (const auto& screen : open_) screen->nameWidgets();
   refresh();
-  handling_ = false;
   if (!words_.empty()) {
     lastSaid_ = std::exchange(words_, {});
     announce(lastSaid_);
