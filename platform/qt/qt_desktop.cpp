@@ -63,6 +63,7 @@ void QtDesktop::endProgram() {
 void QtDesktop::present(Screen& screen) {
   if (screen.frame == Frame::Backdrop) {
     if (!backdrop_) backdrop_ = std::make_unique<Backdrop>(*this, screen);
+    covering_ = true;
     bringForward();
     return;
   }
@@ -77,8 +78,8 @@ void QtDesktop::present(Screen& screen) {
 
 void QtDesktop::dismiss(Screen& screen) {
   if (screen.frame == Frame::Backdrop) {
-    uncover();
-    backdrop_.reset();
+    covering_ = false;
+    backdrop_->hide();
     return;
   }
   std::erase_if(windows_, showing(screen));
@@ -88,25 +89,21 @@ void QtDesktop::dismiss(Screen& screen) {
 }
 
 void QtDesktop::bringForward() {
-  if (backdrop_) backdrop_->cover();
+  const bool comes = covering_ && !backdrop_->isVisible();
+  if (covering_) backdrop_->cover();
   for (const auto& window : windows_) {
-    window->belongTo(backdrop_.get());
+    if (comes) window->belongTo(*backdrop_);
     window->comeForward();
   }
   if (!windows_.empty()) giveKeyboard(*windows_.back()->windowHandle());
 }
 
-void QtDesktop::uncover() {
-  for (const auto& window : windows_) window->belongTo(nullptr);
-  backdrop_->hide();
-}
-
 void QtDesktop::followMinimising(bool minimised) {
-  if (!backdrop_) return;
+  if (!covering_) return;
   if (!minimised) {
     bringForward();
   } else if (nobodySeen()) {
-    uncover();
+    backdrop_->hide();
   }
 }
 

@@ -53,7 +53,6 @@ class QtDesktop final : public Desktop {
   void announce(const std::string& words) override;
 
   void armTicker();
-  void uncover();
   bool nobodySeen() const;  // No window but the backdrop.
 
   QElapsedTimer clock_;
@@ -63,7 +62,10 @@ class QtDesktop final : public Desktop {
   SoundPlayer sounds_{QApplication::beep};
   Accessibility accessibility_;
   std::optional<QMargins> titleBar_;
-  std::unique_ptr<Backdrop> backdrop_;                  // Hidden while nobody is seen in front of it.
+  // Made once and then shown and hidden: windows go on belonging to it, since IceWM 3.7 loses those in front
+  // that come to belong to another while they are shown.
+  std::unique_ptr<Backdrop> backdrop_;
+  bool covering_ = false;  // The backdrop is up, but for while nobody is seen in front of it.
   std::vector<std::unique_ptr<ScreenWindow>> windows_;  // The one shown last at the end.
 };
 

@@ -95,18 +95,16 @@ void ScreenWindow::raiseInDrawingOrder() {
 
 void ScreenWindow::present(const QWidget* owner) {
   if (!isVisible()) place(screen_.frame == Frame::TitleBar ? desktop_.titleBar(*this) : QMargins());
-  belongTo(owner);
+  if (owner) belongTo(*owner);
   show();
   raise();
   activateWindow();
 }
 
-void ScreenWindow::belongTo(const QWidget* owner) {
+void ScreenWindow::belongTo(const QWidget& owner) {
   winId();  // Makes the window system's window.
-  QWindow* behind = owner ? owner->windowHandle() : nullptr;
-  if (windowHandle()->transientParent() == behind) return;
-  windowHandle()->setTransientParent(behind);
-  if (isVisible() && !handOver(*windowHandle(), behind) && behind) {
+  windowHandle()->setTransientParent(owner.windowHandle());
+  if (isVisible() && !handOver(*windowHandle(), *owner.windowHandle())) {
     hide();
     show();
   }

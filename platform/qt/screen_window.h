@@ -21,12 +21,12 @@ class ScreenWindow final : public QWidget {
   /// Draws what differs from what was last drawn.
   void refresh();
 
-  /// Shows the window where its screen asks to stand, or brings it to the front; it belongs to `owner` from
-  /// then on.
+  /// Shows the window where its screen asks to stand, or brings it to the front; it belongs to `owner`, where
+  /// there is one, from then on.
   void present(const QWidget* owner);
 
-  /// Stays in front of `owner` from now on; of none when that is null.
-  void belongTo(const QWidget* owner);
+  /// Stays in front of `owner` from now on.
+  void belongTo(const QWidget& owner);
 
   /// Comes back if it is minimised, in front of the others.
   void comeForward();

@@ -19,8 +19,8 @@ QPoint standsAt(const QWindow& window);
 /// Gives `window` the keyboard.
 void giveKeyboard(QWindow& window);
 
-/// Has `window`, which is on the display, belong to `owner` from now on, or to none when that is null. False
-/// where the window system hears of an owner only with a new window.
-bool handOver(QWindow& window, const QWindow* owner);
+/// Has `window`, which is on the display, belong to `owner` from now on. False where the window system hears
+/// of an owner only with a new window.
+bool handOver(QWindow& window, const QWindow& owner);
 
 }  // namespace platform::qt

@@ -16,7 +16,7 @@ void giveKeyboard(QWindow& window) {
   window.requestActivate();
 }
 
-bool handOver(QWindow& /*window*/, const QWindow* /*owner*/) {
+bool handOver(QWindow& /*window*/, const QWindow& /*owner*/) {
   return false;
 }
 

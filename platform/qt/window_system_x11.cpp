@@ -113,17 +113,12 @@ void giveKeyboard(QWindow& window) {
   xcb_flush(x);
 }
 
-bool handOver(QWindow& window, const QWindow* owner) {
+bool handOver(QWindow& window, const QWindow& owner) {
   xcb_connection_t* x = connection();
   if (!x) return false;
-  const auto id = idOf(window);
-  if (owner) {
-    const auto behind = idOf(*owner);
-    xcb_change_property(x, XCB_PROP_MODE_REPLACE, id, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32, 1,
-                        &behind);
-  } else {
-    xcb_delete_property(x, id, XCB_ATOM_WM_TRANSIENT_FOR);
-  }
+  const auto behind = idOf(owner);
+  xcb_change_property(x, XCB_PROP_MODE_REPLACE, idOf(window), XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32,
+                      1, &behind);
   return true;
 }
 
