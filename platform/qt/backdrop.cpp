@@ -14,7 +14,6 @@ Backdrop::Backdrop(QtDesktop& desktop, const Screen& screen)
   setObjectName(QString::fromStdString(screen.name()));
   setWindowTitle(QString::fromStdString(screen.caption));
   setAccessibleName(QString::fromStdString(screen.spokenName));
-  setAttribute(Qt::WA_ShowWithoutActivating);
   const Colour& ground = screen.background;
   setPalette(QColor(ground.red, ground.green, ground.blue));
 }
