@@ -50,11 +50,11 @@ void tolvanecomputer::glide() {
 
   glideStep = 0;
   Timer6.disable();
-  const bool cargo = targetIcon == static_cast<std::size_t>(game::IconKind::Cargo);
-  if (!cargo) Timer4.enable();
+  const bool last = targetIcon == static_cast<std::size_t>(game::IconKind::Cargo);
+  if (!last) Timer4.enable();
   play(sounds::key);
   sayWhereItLies(movingDie);
-  if (cargo) {
+  if (last) {
     board_.diceOnIcons = static_cast<int>(game::diceCount);
     checkturnover();
   }

@@ -50,7 +50,8 @@ class Game : tests::SimulatedProgram {
 
   void expectWhole() {
     require(desktop.ended || (!desktop.openScreens().empty() && screens() != "Grey"), "nobody is stranded");
-    require(!desktop.find("tolvane") || !desktop.find("tolvanecomputer"), "one board at a time");
+    require(desktop.find("tolvane") == nullptr || desktop.find("tolvanecomputer") == nullptr,
+            "one board at a time");
     if (!findBoard()) return;
     const platform::Size client = desktop.find(board)->client;
     for (std::size_t i = 0; i < game::diceCount; ++i) {
