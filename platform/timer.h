@@ -35,8 +35,6 @@ class Timer {
     restart_ = true;
   }
 
-  int interval() const { return interval_; }
-
  private:
   friend class Desktop;
 

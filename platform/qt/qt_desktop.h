@@ -65,7 +65,7 @@ class QtDesktop final : public Desktop {
   // Made once and then shown and hidden: windows go on belonging to it, since IceWM 3.7 loses those in front
   // that come to belong to another while they are shown.
   std::unique_ptr<Backdrop> backdrop_;
-  bool covering_ = false;  // The backdrop is up, but for while nobody is seen in front of it.
+  bool covering_ = false;  // The desktop is to be hidden; the backdrop itself is while a window is seen.
   std::vector<std::unique_ptr<ScreenWindow>> windows_;  // The one shown last at the end.
 };
 
