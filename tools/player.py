@@ -39,10 +39,11 @@ class Player:
             pass_fds=[write], stderr=subprocess.DEVNULL)
         self.display = ":" + os.read(read, 9).decode().strip()
         # Without a word about the session bus each start would start one, which stays; and the sanitizers do not
-        # stand such a fork while the fonts are read beside it.
+        # stand such a fork while the fonts are read beside it. Without a bus Qt 6.8 never gives back its question to
+        # the desktop's portal.
         self.environment = {**os.environ, "DISPLAY": self.display, "HOME": str(self.folder),
                             "XDG_RUNTIME_DIR": str(self.folder), "DBUS_SESSION_BUS_ADDRESS": "disabled:",
-                            **environment}
+                            "QT_NO_XDG_DESKTOP_PORTAL": "1", **environment}
         self.environment.pop("QT_QPA_PLATFORM", None)
         self.manager = subprocess.Popen(manager, env=self.environment, stdout=subprocess.DEVNULL,
                                         stderr=subprocess.DEVNULL)
@@ -50,7 +51,7 @@ class Player:
 
     def is_managed(self):
         """Whether the window manager has begun its work."""
-        return "window id" in self.tell("xprop", "-root", "_NET_SUPPORTING_WM_CHECK")
+        return "window id" in self.tell("xprop", "-root", "_NET_CLIENT_LIST")
 
     def __enter__(self):
         return self
