@@ -4,7 +4,7 @@
 #include <cmath>
 
 #include "app/register_screens.h"
-#include "game/numbers.h"
+#include "game/table.h"
 #include "platform/simulated/simulated_desktop.h"
 
 namespace {

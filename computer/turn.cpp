@@ -1,7 +1,6 @@
 // The computer's turn: throw, wait for the faces, set one die aside after another, throw again.
 
 #include "computer/board.h"
-#include "game/numbers.h"
 #include "game/sound.h"
 
 namespace computer {

@@ -1,6 +1,5 @@
 #include "game/board.h"
 
-#include "game/numbers.h"
 #include "game/saved_game.h"
 #include "game/sound.h"
 #include "screens/shell/fitscreen.h"

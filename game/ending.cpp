@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "game/board.h"
-#include "game/numbers.h"
 #include "game/sound.h"
 
 namespace game {

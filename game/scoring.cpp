@@ -1,7 +1,6 @@
 // The end of a turn: whether it is over, and what it scores.
 
 #include "game/board.h"
-#include "game/numbers.h"
 #include "game/sound.h"
 
 namespace game {

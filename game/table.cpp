@@ -1,9 +1,16 @@
 #include "game/table.h"
 
-#include "game/numbers.h"
+#include <charconv>
+
 #include "game/setting_aside.h"
 
 namespace game {
+
+int numberShown(std::string_view text) {
+  int number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
 
 bool Table::atHome(std::size_t die) const {
   return samePlace(Label4[die], Label7[die]);

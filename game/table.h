@@ -5,12 +5,16 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "game/icons.h"
 #include "game/state.h"
 #include "platform/screen.h"
 
 namespace game {
+
+/// The whole number shown as `text`, as the dice and the totals are read; 0 where there is none.
+int numberShown(std::string_view text);
 
 /// A screen with five dice, the homes they start from, and the icons they are set aside on.
 class Table : public platform::Screen {
