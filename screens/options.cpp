@@ -59,8 +59,14 @@ Startplay2::Startplay2(platform::Desktop& desktop, game::GameOptions& options)
   for (auto& [index, widget] : Label2) {
     widget.onClick = [this] { this->desktop().openDocument(makersPage); };
   }
-  Label3.onClick = [this] { leave(); };
-  Label6.onClick = [this] { showRules(); };
+  Label3.onClick = [this] {
+    this->desktop().show(shell::titleScreen);
+    this->desktop().unload(name());
+  };
+  Label6.onClick = [this] {
+    this->desktop().show(shell::rulesPage1);
+    game::play(this->desktop(), options_, sounds::click);
+  };
 }
 
 void Startplay2::load() {
@@ -100,16 +106,6 @@ void Startplay2::startGame(int players) {
   desktop().unload(shell::rulesPage1);
   desktop().unload(name());
   game::play(desktop(), options_, sounds::click);
-}
-
-void Startplay2::showRules() {
-  desktop().show(shell::rulesPage1);
-  game::play(desktop(), options_, sounds::click);
-}
-
-void Startplay2::leave() {
-  desktop().show(shell::titleScreen);
-  desktop().unload(name());
 }
 
 }  // namespace screens

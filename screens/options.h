@@ -21,8 +21,6 @@ class Startplay2 final : public platform::Screen {
  private:
   void switchBackdrop();
   void startGame(int players);
-  void showRules();
-  void leave();
 
   platform::Widget Check1;                 // Play Sound.
   platform::Widget Check3;                 // Hide Desktop.

@@ -28,7 +28,14 @@ Titlefrm::Titlefrm(platform::Desktop& desktop, game::GameOptions& options, game:
   add(Label2, "Label2", centred({-30, 6240, 5535, 285}, arialBold(12), yellow, footer));
 
   Label5.key = platform::Key::Return;
-  Label5.onClick = [this] { goOn(); };
+  Label5.onClick = [this] {
+    options_.restoreSavedGame = 0;
+    options_.hideDesktop = 1;
+    this->desktop().show(shell::backdrop);
+    this->desktop().show(shell::optionsScreen);
+    this->desktop().unload(name());
+    game::play(this->desktop(), options_, sounds::click1);
+  };
   Label6.onClick = [this] { restart(); };
   Label7.onClick = [this] { this->desktop().endProgram(); };
 }
@@ -38,15 +45,6 @@ void Titlefrm::load() {
   options_.soundOn = 1;
   if (!loadPicture(desktop(), Picture1, R"(Images\opening.jpg)")) shell::fitscreen(desktop(), *this);
   desktop().say("Tolvane, a dice game. Restart Previous Game, OK for a new game, or Exit.");
-}
-
-void Titlefrm::goOn() {
-  options_.restoreSavedGame = 0;
-  options_.hideDesktop = 1;
-  desktop().show(shell::backdrop);
-  desktop().show(shell::optionsScreen);
-  desktop().unload(name());
-  game::play(desktop(), options_, sounds::click1);
 }
 
 void Titlefrm::restart() {

@@ -14,7 +14,6 @@ class Titlefrm final : public platform::Screen {
   void load() override;
 
  private:
-  void goOn();
   void restart();
 
   platform::Widget Frame1;    // The panel behind everything.
