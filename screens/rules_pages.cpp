@@ -11,6 +11,8 @@ namespace screens {
 
 using shell::look::Box;
 
+namespace {
+
 struct Text {
   std::size_t index;  // In `Label1`.
   Box box;
@@ -18,19 +20,6 @@ struct Text {
   platform::Role role;
   std::string_view text;
 };
-
-struct PageDesign {
-  std::string_view name;
-  std::size_t numberLabel;  // In `Label1`.
-  std::string_view number;
-  std::string_view previous;  // The page before; empty on the first.
-  std::string_view next;      // The page after; empty on the last.
-  std::string_view picture;
-  Box pictureBox;
-  std::span<const Text> texts;
-};
-
-namespace {
 
 constexpr Text heading(std::size_t index, Box box, std::string_view text) {
   return {index, box, shell::look::arialBold(12), platform::Role::Heading, text};
@@ -122,34 +111,34 @@ constexpr std::array page3Texts{
          "points is the winner."),
 };
 
-constexpr PageDesign page1{
-    shell::rulesPage1,        7,         "Page 1 of 3", "", shell::rulesPage2, R"(images\start.jpg)",
-    {8640, 4320, 2835, 3525}, page1Texts};
-constexpr PageDesign page2{shell::rulesPage2,
-                           20,
-                           "Page 2 of 3",
-                           shell::rulesPage1,
-                           shell::rulesPage3,
-                           R"(images\board.jpg)",
-                           {8040, 3840, 3600, 2700},
-                           page2Texts};
-constexpr PageDesign page3{shell::rulesPage3,        20,        "Page 3 of 3",
-                           shell::rulesPage2,        "",        R"(images\example.jpg)",
-                           {9720, 4440, 1800, 2580}, page3Texts};
+struct PageDesign {
+  std::string_view name;
+  std::size_t numberLabel;  // In `Label1`.
+  std::string_view picture;
+  Box pictureBox;
+  std::span<const Text> texts;
+};
+
+constexpr std::array pages{
+    PageDesign{shell::rulesPage1, 7, R"(images\start.jpg)", {8640, 4320, 2835, 3525}, page1Texts},
+    PageDesign{shell::rulesPage2, 20, R"(images\board.jpg)", {8040, 3840, 3600, 2700}, page2Texts},
+    PageDesign{shell::rulesPage3, 20, R"(images\example.jpg)", {9720, 4440, 1800, 2580}, page3Texts}};
 
 }  // namespace
 
-RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, const PageDesign& design)
-    : Screen(desktop, design.name), options_(options), design_(design) {
+RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, std::size_t page)
+    : Screen(desktop, pages[page].name), options_(options), page_(page) {
   using namespace shell::look;
+  const PageDesign& design = pages[page];
+  const std::string number = "Page " + std::to_string(page + 1) + " of 3";
   frame = platform::Frame::ThinLine;
   background = {0, 0, 255};
   client = {12000, 9000};
 
   add(Image1, "Image1", picture(design.pictureBox));
-  spokenName = "The Rules of Tolvane, " + std::string(design.number);
+  spokenName = "The Rules of Tolvane, " + number;
   add(Label1[design.numberLabel], platform::indexed("Label1", design.numberLabel),
-      label({0, 0, 1065, 240}, arialBold(9.75F), yellow, design.number));
+      label({0, 0, 1065, 240}, arialBold(9.75F), yellow, number));
   add(Label1[0], "Label1(0)",
       centred({0, 120, 12000, 360}, arialBold(15.75F), yellow, "The Rules of Tolvane"));
   Label1[0].role = platform::Role::Heading;
@@ -159,11 +148,12 @@ RulesPage::RulesPage(platform::Desktop& desktop, game::GameOptions& options, con
     Label1[text.index].role = text.role;
   }
   addNavigation(0, {11160, 60, 735, 375}, "Exit", "", platform::Key::Escape);
-  if (!design.next.empty()) {
-    addNavigation(1, {10080, 8520, 1815, 375}, ">> Next Page", design.next, platform::Key::PageDown);
+  if (page + 1 < pages.size()) {
+    addNavigation(1, {10080, 8520, 1815, 375}, ">> Next Page", pages[page + 1].name, platform::Key::PageDown);
   }
-  if (!design.previous.empty()) {
-    addNavigation(2, {7680, 8520, 2295, 375}, "<< Previous Page", design.previous, platform::Key::PageUp);
+  if (page > 0) {
+    addNavigation(2, {7680, 8520, 2295, 375}, "<< Previous Page", pages[page - 1].name,
+                  platform::Key::PageUp);
   }
 }
 
@@ -180,25 +170,26 @@ void RulesPage::addNavigation(std::size_t index, const Box& box, std::string_vie
 }
 
 void RulesPage::load() {
+  const PageDesign& design = pages[page_];
   shell::fitscreen(desktop(), *this);
-  const auto own = loadPicture(desktop(), Image1, design_.picture);
+  const auto own = loadPicture(desktop(), Image1, design.picture);
   // What a file says of itself may be nonsense.
   if (own && Image1.left + own->width <= client.width && Image1.top + own->height <= client.height) {
     Image1.width = own->width;
     Image1.height = own->height;
   }
-  std::string page(design_.number);
-  for (const Text& text : design_.texts) {
-    page += (page.ends_with('.') || page.ends_with(' ') ? " " : ". ") + std::string(text.text);
+  std::string told = Label1[design.numberLabel].text;
+  for (const Text& text : design.texts) {
+    told += (told.ends_with('.') || told.ends_with(' ') ? " " : ". ") + std::string(text.text);
   }
-  desktop().say(page);
+  desktop().say(told);
 }
 
 Wembickrules::Wembickrules(platform::Desktop& desktop, game::GameOptions& options)
-    : RulesPage(desktop, options, page1) {}
+    : RulesPage(desktop, options, 0) {}
 
 Wembickrules2::Wembickrules2(platform::Desktop& desktop, game::GameOptions& options)
-    : RulesPage(desktop, options, page2) {
+    : RulesPage(desktop, options, 1) {
   using namespace shell::look;
   add(Label2, "Label2",
       button({6600, 2160, 2055, 495}, tahomaBold(15.75F), game::seats[3].colour, "Throw Dice"));
@@ -216,7 +207,7 @@ Wembickrules2::Wembickrules2(platform::Desktop& desktop, game::GameOptions& opti
 }
 
 Wembickrules2b::Wembickrules2b(platform::Desktop& desktop, game::GameOptions& options)
-    : RulesPage(desktop, options, page3) {
+    : RulesPage(desktop, options, 2) {
   using namespace shell::look;
   add(Label2, "Label2",
       button({120, 8520, 4275, 375}, arialBold(12), yellow, "Open Rules Document for Printing"));

@@ -12,16 +12,14 @@
 
 namespace screens {
 
-/// The texts and the picture of a page, and where its buttons lead.
-struct PageDesign;
-
 /// What all pages share.
 class RulesPage : public platform::Screen {
  public:
   void load() override;
 
  protected:
-  RulesPage(platform::Desktop& desktop, game::GameOptions& options, const PageDesign& design);
+  /// `page` counts from 0.
+  RulesPage(platform::Desktop& desktop, game::GameOptions& options, std::size_t page);
 
   platform::WidgetArray Label1;  // The texts; 0 is the title.
   platform::WidgetArray Label3;  // Navigation: 0 exit, 1 next page, 2 previous page.
@@ -33,7 +31,7 @@ class RulesPage : public platform::Screen {
   void addNavigation(std::size_t index, const shell::look::Box& box, std::string_view text,
                      std::string_view leadsTo, platform::Key key);
 
-  const PageDesign& design_;
+  std::size_t page_;
 };
 
 /// Page 1: summary and getting ready.
