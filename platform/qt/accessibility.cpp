@@ -29,50 +29,28 @@ QString nameOf(const Widget& widget) {
 
 /// What the game says, for those versions of Qt that know no announcements: readers speak the text of a
 /// notification within a status bar when it is shown, and say nothing of their own about it.
-class SpokenText final : public QAccessibleInterface {
+class SpokenText final : public QAccessibleWidget {
  public:
-  SpokenText(QAccessible::Role role, QAccessibleInterface& parent) : role_(role), parent_(parent) {
+  SpokenText(QAccessible::Role role, QWidget& parent) : QAccessibleWidget(new QWidget(&parent), role) {
+    widget()->setAccessibleName(QStringLiteral("Messages"));
     QAccessible::registerAccessibleInterface(this);
   }
 
-  void add(SpokenText& child) { children_ << &child; }
   void show(const QString& words) {
-    words_ = words;
-    // Some readers keep names, and would speak the one they know.
-    for (const QAccessible::Event told : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
-      QAccessibleEvent event(this, told);
-      QAccessible::updateAccessibility(&event);
-    }
+    widget()->setAccessibleName(
+        words);  // Some readers keep names, and hear of this, or speak the one they know.
+    QAccessibleEvent shown(this, QAccessible::ObjectShow);
+    QAccessible::updateAccessibility(&shown);
   }
 
-  bool isValid() const override { return true; }
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override { return parent_.window(); }
-  QAccessibleInterface* childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-  QAccessibleInterface* parent() const override { return &parent_; }
-  QAccessibleInterface* child(int index) const override { return children_.value(index); }
-  int childCount() const override { return static_cast<int>(children_.size()); }
-  int indexOfChild(const QAccessibleInterface* child) const override {
-    return static_cast<int>(children_.indexOf(child));
-  }
-  QString text(QAccessible::Text kind) const override {
-    return kind == QAccessible::Name ? words_ : QString();
-  }
-  void setText(QAccessible::Text /*kind*/, const QString& /*text*/) override {}
+  using QAccessibleWidget::widget;
   QRect rect() const override { return {}; }
-  QAccessible::Role role() const override { return role_; }
   QAccessible::State state() const override {
     QAccessible::State state;
-    state.invisible = role_ == QAccessible::StatusBar;
+    state.invisible = role() == QAccessible::StatusBar;
     state.readOnly = true;
     return state;
   }
-
- private:
-  QAccessible::Role role_;
-  QAccessibleInterface& parent_;
-  QList<QAccessibleInterface*> children_;
-  QString words_ = QStringLiteral("Messages");
 };
 
 /// A widget, as readers meet it.
@@ -154,14 +132,7 @@ class AccessibleView final : public QAccessibleWidget {
 class AccessibleWindow final : public QAccessibleWidget {
  public:
   explicit AccessibleWindow(ScreenWindow& window)
-      : QAccessibleWidget(&window, QAccessible::Window), window_(window) {
-    for (SpokenText* line : lines_) speech_->add(*line);
-  }
-  ~AccessibleWindow() override {
-    for (SpokenText* text : {lines_[0], lines_[1], speech_}) {
-      QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(text));
-    }
-  }
+      : QAccessibleWidget(&window, QAccessible::Window), window_(window) {}
 
   /// Readers miss what an object says that has just spoken, so two take turns.
   void speak(const QString& words) {
@@ -196,9 +167,9 @@ class AccessibleWindow final : public QAccessibleWidget {
   }
 
   ScreenWindow& window_;
-  SpokenText* speech_ = new SpokenText(QAccessible::StatusBar, *this);
-  std::array<SpokenText*, 2> lines_{new SpokenText(QAccessible::Notification, *speech_),
-                                    new SpokenText(QAccessible::Notification, *speech_)};
+  SpokenText* speech_ = new SpokenText(QAccessible::StatusBar, window_);  // These go with the window.
+  std::array<SpokenText*, 2> lines_{new SpokenText(QAccessible::Notification, *speech_->widget()),
+                                    new SpokenText(QAccessible::Notification, *speech_->widget())};
 };
 
 QAccessibleInterface* interfaceFor(const QString& /*className*/, QObject* object) {
