@@ -48,12 +48,6 @@ auto named(std::string_view name) {
 
 }  // namespace
 
-Placement outerPlacement(const Screen& screen, const FrameExtents& frame) {
-  const float width = std::max(screen.width, screen.client.width + frame.left + frame.right);
-  const float height = std::max(screen.height, screen.client.height + frame.top + frame.bottom);
-  return {screen.left - (width - screen.width) / 2, screen.top - (height - screen.height) / 2, width, height};
-}
-
 void Desktop::show(std::string_view name) {
   auto found = std::find_if(open_.begin(), open_.end(), named(name));
   if (found != open_.end()) {
@@ -95,8 +89,7 @@ void Desktop::say(std::string_view words) {
 
 void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
   assert(!handling_ && "One handler runs at a time.");
-  handling_ = true;  // To the end, also where the handler throws.
-  const std::unique_ptr<bool, void (*)(bool*)> handled(&handling_, [](bool* flag) { *flag = false; });
+  handling_ = true;
   moment_ = moment;
   handler();
   for (const auto& screen : closed_) dismiss(*screen);
@@ -112,6 +105,7 @@ void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
                   [](const auto& screen) { return screen->frame == Frame::Backdrop; })) {
     endProgram();
   }
+  handling_ = false;
 }
 
 void Desktop::start(std::string_view screen) {

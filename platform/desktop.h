@@ -21,27 +21,6 @@ namespace platform {
 
 enum class Pointer { Default, Busy };
 
-/// What the desktop's frame adds around a client area, in twips.
-struct FrameExtents {
-  float left = 0;
-  float top = 0;
-  float right = 0;
-  float bottom = 0;
-};
-
-/// A place on the display in twips.
-struct Placement {
-  float left = 0;
-  float top = 0;
-  float width = 0;
-  float height = 0;
-};
-
-/// Where `screen` stands, frame included: as it asks, or evenly larger where the frame would leave its client
-/// area too small. A screen that asks for no size is as large as its client area needs, around the place it
-/// asks for.
-Placement outerPlacement(const Screen& screen, const FrameExtents& frame);
-
 class Desktop {
  public:
   using ScreenFactory = std::function<std::unique_ptr<Screen>()>;

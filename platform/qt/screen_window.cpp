@@ -117,11 +117,12 @@ void ScreenWindow::comeForward() {
 
 QRect ScreenWindow::placeIn(const QMargins& frame) const {
   const auto twips = [](int px) { return static_cast<float>(px) * twipsPerPixel; };
-  const Placement outer = outerPlacement(
-      screen_, {twips(frame.left()), twips(frame.top()), twips(frame.right()), twips(frame.bottom())});
-  const QPoint display = QGuiApplication::primaryScreen()->geometry().topLeft();
-  return {display + QPoint(pixels(outer.left), pixels(outer.top)),
-          QSize(pixels(outer.width), pixels(outer.height))};
+  const float width = std::max(screen_.width, screen_.client.width + twips(frame.left() + frame.right()));
+  const float height = std::max(screen_.height, screen_.client.height + twips(frame.top() + frame.bottom()));
+  const QPoint place(pixels(screen_.left - (width - screen_.width) / 2),
+                     pixels(screen_.top - (height - screen_.height) / 2));
+  return {QGuiApplication::primaryScreen()->geometry().topLeft() + place,
+          QSize(pixels(width), pixels(height))};
 }
 
 void ScreenWindow::place(const QMargins& frame) {

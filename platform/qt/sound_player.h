@@ -17,8 +17,6 @@ class SoundPlayer {
   /// `alert` is called in the application's thread when a file cannot be played.
   explicit SoundPlayer(std::function<void()> alert);
   ~SoundPlayer();
-  SoundPlayer(const SoundPlayer&) = delete;
-  SoundPlayer& operator=(const SoundPlayer&) = delete;
 
   /// Starts the sound file and returns at once; a sound still playing is cut off.
   void play(std::string_view path);

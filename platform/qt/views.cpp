@@ -1,6 +1,7 @@
 #include "platform/qt/views.h"
 
 #include <QPainter>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -17,18 +18,6 @@ QColor fadedUnless(bool enabled, Colour from) {
   if (enabled) return colour(from);
   const auto faded = [](int channel) { return (2 * channel + 3 * 128) / 5; };
   return {faded(from.red), faded(from.green), faded(from.blue)};
-}
-
-Qt::Alignment alignmentOf(const Appearance& look) {
-  switch (look.alignment) {
-    case Alignment::Left:
-      break;
-    case Alignment::Centre:
-      return Qt::AlignHCenter;
-    case Alignment::Right:
-      return Qt::AlignRight;
-  }
-  return Qt::AlignLeft;
 }
 
 /// The whole pixels of the display nearest to a place on it.
@@ -113,9 +102,10 @@ QFont fontFor(const Font& font) {
 
 qreal layOutText(QTextLayout& text, const Appearance& look) {
   constexpr int smallest = 6;
+  constexpr std::array alignments{Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight};  // In the game's order.
   QFont font = fontFor(look.font);
   text.setText(QString::fromStdString(look.text));
-  text.setTextOption(QTextOption(alignmentOf(look)));
+  text.setTextOption(QTextOption(alignments.at(static_cast<std::size_t>(look.alignment))));
   for (bool tight = false;;) {
     text.setFont(font);
     const auto height = heightInBox(text, look);
@@ -155,8 +145,6 @@ void View::paintEvent(QPaintEvent* /*event*/) {
   const auto scaled = [scale = devicePixelRatioF()](qreal length) {
     return std::max(1, qRound(length * scale));
   };
-  const bool fadedGround =
-      look.role != Role::Button;  // A button's is the colour of whoever plays or has won.
   const QColor ink = fadedUnless(look.enabled, look.textColour);
   const bool hasTick = look.role == Role::CheckBox;
   constexpr int tickSide = 15;
@@ -166,7 +154,8 @@ void View::paintEvent(QPaintEvent* /*event*/) {
   painter.save();
   const QRect whole = toDisplayPixels(painter, rect());
   if (look.background) {
-    painter.fillRect(whole, fadedUnless(look.enabled || !fadedGround, *look.background));
+    // A button's is the colour of whoever plays or has won.
+    painter.fillRect(whole, fadedUnless(look.enabled || look.role == Role::Button, *look.background));
   }
   if (!look.picture.empty()) painter.drawPixmap(whole, pictures_.scaledTo(look.picture, whole.size()));
   if (look.border) {

@@ -26,10 +26,9 @@ static std::string cells(const Cells&... values) {
 
 static std::string row(const platform::Screen& screen) {
   const char* frames[] = {"title bar", "thin line", "backdrop"};
-  const platform::Placement place = platform::outerPlacement(screen, {});
   return cells(screen.name(), '"' + screen.caption + '"', written(screen.background), screen.client.width,
-               screen.client.height, frames[static_cast<int>(screen.frame)], place.left, place.top,
-               place.width, place.height);
+               screen.client.height, frames[static_cast<int>(screen.frame)], screen.left, screen.top,
+               screen.width, screen.height);
 }
 
 static std::string row(const std::string& screen, const platform::Widget& widget) {
