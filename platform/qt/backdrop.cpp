@@ -24,6 +24,12 @@ void Backdrop::cover() {
   show();
 }
 
+// Fluxbox and Xfwm4 4.18 raise what belongs to a full screen, and lower it again only with that.
+void Backdrop::uncover() {
+  setWindowState(Qt::WindowNoState);
+  hide();
+}
+
 // Not every window manager keeps the game in front of a backdrop that came later.
 void Backdrop::mousePressEvent(QMouseEvent* /*event*/) {
   desktop_.bringForward();

@@ -15,6 +15,8 @@ class Backdrop final : public QWidget {
 
   /// Covers the display; the keyboard stays where it is.
   void cover();
+  /// Goes, until it is to cover again.
+  void uncover();
 
  private:
   void mousePressEvent(QMouseEvent* event) override;

@@ -79,7 +79,7 @@ void QtDesktop::present(Screen& screen) {
 void QtDesktop::dismiss(Screen& screen) {
   if (screen.frame == Frame::Backdrop) {
     covering_ = false;
-    backdrop_->hide();
+    backdrop_->uncover();
     return;
   }
   std::erase_if(windows_, showing(screen));
