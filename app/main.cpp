@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QDir>
 #include <QFontMetricsF>
 #include <QIcon>
 #include <QTimer>
@@ -12,6 +13,7 @@
 #include "platform/qt/accessibility.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/views.h"
+#include "platform/qt/window_system.h"
 #include "screens/shell/screen_names.h"
 
 using namespace std::chrono_literals;
@@ -24,14 +26,13 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, co
   std::fprintf(stderr,
                "Tolvane needs a display, and none answers (DISPLAY=\"%s\", WAYLAND_DISPLAY=\"%s\").\n",
                qgetenv("DISPLAY").constData(), qgetenv("WAYLAND_DISPLAY").constData());
-  std::quick_exit(EXIT_FAILURE);
+  std::_Exit(EXIT_FAILURE);
 }
 
-// The game places and stacks its own windows, which only X11 lets it do, if anything does; Wayland is better
-// than nothing.
-void choosePlatform() {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY"))
-    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+/// Who unpacked the game has its files beside the program, whatever folder that is started in.
+void goToFiles() {
+  const QString beside = QApplication::applicationDirPath();
+  if (!QDir().exists("Images") && QDir(beside).exists("Images")) QDir::setCurrent(beside);
 }
 
 void setIcon() {
@@ -44,12 +45,15 @@ void setIcon() {
 
 int main(int argc, char** argv) {
   // Where the player may write no more, a write fails like any other; the sound library's too.
+#ifdef SIGXFSZ
   std::signal(SIGXFSZ, SIG_IGN);
-  choosePlatform();
+#endif
+  platform::qt::chooseWindowSystem();
   platform::qt::Accessibility::letReadersComeLater();
   const QtMessageHandler usual = qInstallMessageHandler(endWithoutDisplay);
   const QApplication application(argc, argv);
   qInstallMessageHandler(usual);
+  goToFiles();
   // Finding out which fonts there are takes a while; the first text would wait for it.
   const auto fonts =
       std::async(std::launch::async, [] { return QFontMetricsF(platform::qt::fontFor({})).height(); });

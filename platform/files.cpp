@@ -10,22 +10,21 @@ namespace fs = std::filesystem;
 namespace {
 
 // `tolower` would follow the player's language: in Turkish "I" and "i" are different letters.
-char foldCase(char letter) {
-  return 'A' <= letter && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+fs::path::value_type foldCase(fs::path::value_type letter) {
+  return 'A' <= letter && letter <= 'Z' ? static_cast<fs::path::value_type>(letter - 'A' + 'a') : letter;
 }
 
-bool equalButForCase(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return foldCase(x) == foldCase(y); });
+bool equalButForCase(const fs::path& a, const fs::path& b) {
+  return std::ranges::equal(a.native(), b.native(), {}, foldCase, foldCase);
 }
 
-fs::path entryNamed(const fs::path& folder, const std::string& name) {
+fs::path entryNamed(const fs::path& folder, const fs::path& name) {
   std::error_code failure;
   if (fs::exists(folder / name, failure)) return folder / name;
   fs::directory_iterator entries(folder.empty() ? "." : folder, failure);
   for (; entries != fs::directory_iterator(); entries.increment(failure)) {
     const fs::path entry = entries->path().filename();
-    if (equalButForCase(entry.string(), name)) return folder / entry;
+    if (equalButForCase(entry, name)) return folder / entry;
   }
   return folder / name;
 }
@@ -36,7 +35,7 @@ fs::path fileNamed(std::string_view name) {
   std::string separated(name);
   std::replace(separated.begin(), separated.end(), '\\', '/');
   fs::path found;
-  for (const fs::path& part : fs::path(separated)) found = entryNamed(found, part.string());
+  for (const fs::path& part : fs::path(separated)) found = entryNamed(found, part);
   return found;
 }
 

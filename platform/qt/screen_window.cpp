@@ -104,7 +104,7 @@ void ScreenWindow::present(const QWidget* owner) {
 void ScreenWindow::belongTo(const QWidget& owner) {
   winId();  // Makes the window system's window.
   windowHandle()->setTransientParent(owner.windowHandle());
-  if (isVisible() && !handOver(*windowHandle(), *owner.windowHandle())) {
+  if (!handOver(*windowHandle(), *owner.windowHandle()) && isVisible()) {
     hide();
     show();
   }

@@ -9,6 +9,9 @@ class QWindow;
 
 namespace platform::qt {
 
+/// Before there is an application: chooses the window system, where there is more than one.
+void chooseWindowSystem();
+
 /// The frame that is going to stand around `window`, which is created and not yet on the display. Nothing
 /// where nobody knows.
 std::optional<QMargins> futureFrame(QWindow& window);
@@ -19,8 +22,8 @@ QPoint standsAt(const QWindow& window);
 /// Gives `window` the keyboard.
 void giveKeyboard(QWindow& window);
 
-/// Has `window`, which is on the display, belong to `owner` from now on. False where the window system hears
-/// of an owner only with a new window.
+/// Has `window`, which is created, belong to `owner` from now on. False where the window system hears of an
+/// owner only when a window comes to the display.
 bool handOver(QWindow& window, const QWindow& owner);
 
 }  // namespace platform::qt

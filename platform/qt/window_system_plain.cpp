@@ -4,6 +4,8 @@
 
 namespace platform::qt {
 
+void chooseWindowSystem() {}
+
 std::optional<QMargins> futureFrame(QWindow& /*window*/) {
   return std::nullopt;
 }

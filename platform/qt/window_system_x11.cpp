@@ -69,6 +69,13 @@ int inPixels(double dots, const QWindow& window) {
 
 }  // namespace
 
+// The game places and stacks its own windows, which only X11 lets it do, if anything does; Wayland is better
+// than nothing.
+void chooseWindowSystem() {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("DISPLAY"))
+    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
+}
+
 std::optional<QMargins> futureFrame(QWindow& window) {
   xcb_connection_t* x = connection();
   if (!x) return std::nullopt;
