@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -42,9 +43,13 @@ std::vector<std::array<std::string, columns>> rows(const char* text) {
 /// An empty folder that is the current one for as long as this lives.
 struct EmptyFolder {
   std::filesystem::path before = std::filesystem::current_path();
-  std::string made = "/tmp/tolvane-test-XXXXXX";
+  std::filesystem::path made =
+      std::filesystem::temp_directory_path() / ("tolvane-test-" + std::to_string(std::random_device()()));
 
-  EmptyFolder() { std::filesystem::current_path(mkdtemp(made.data())); }
+  EmptyFolder() {
+    std::filesystem::create_directory(made);
+    std::filesystem::current_path(made);
+  }
   ~EmptyFolder() {
     std::filesystem::current_path(before);
     std::filesystem::remove_all(made);
