@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QDir>
+#include <QMetaEnum>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QTest>
@@ -17,8 +18,6 @@
 namespace {
 
 using platform::Widget;
-
-constexpr int aWholeThrow = 2100;  // Milliseconds.
 
 class Program : public testing::Test {
  protected:
@@ -45,10 +44,6 @@ class Program : public testing::Test {
   QWidget& openBoard(int players) {
     options.playerCount = players;
     return open("tolvane");
-  }
-  void click(std::string_view screen, const char* name) {
-    QTest::mouseClick(&view(screen, name), Qt::LeftButton);
-    QCoreApplication::processEvents();  // A window hands on what it hears in its turn.
   }
 };
 
@@ -83,11 +78,11 @@ TEST_F(Program, EveryTextFitsItsBox) {
         qreal width = 0;
         for (int i = 0; i < layout.lineCount(); ++i)
           width = std::max(width, layout.lineAt(i).naturalTextWidth());
-        EXPECT_LE(width, widget->width / 15) << screen << ' ' << widget->name << ": " << text;
-        EXPECT_LE(height, widget->height / 15) << screen << ' ' << widget->name << ": " << text;
-        EXPECT_TRUE(otherFonts ||
-                    layout.font().pixelSize() == platform::qt::fontFor(widget->font).pixelSize())
-            << screen << ' ' << widget->name << ": " << text;
+        SCOPED_TRACE(screen + (' ' + widget->name) + ": " + text);
+        EXPECT_LE(width, widget->width / 15);
+        EXPECT_LE(height, widget->height / 15);
+        const int designed = platform::qt::fontFor(widget->font).pixelSize();
+        EXPECT_TRUE(otherFonts || layout.font().pixelSize() == designed);
       }
     }
   }
@@ -100,75 +95,52 @@ TEST_F(Program, WidgetsStandAtTheirPlacesInTheirColours) {
   EXPECT_EQ(view("tolvane", "Label2(3)").geometry(), QRect(352, 232, 387, 41));
   EXPECT_FALSE(view("tolvane", "Label8").isVisible());
   const QImage drawn = board.grab().toImage().scaled(board.size());
-  struct Spot {
-    int x, y;
-    const char* colour;
-  };
-  for (const Spot& spot : std::initializer_list<Spot>{{5, 595, "#294189"},            // The board itself.
-                                                      {352 + 5, 288 + 5, "#ff8000"},  // A die.
-                                                      {352, 288, "#000000"},          // Its border.
-                                                      {355, 236, "#000000"},          // Throw Dice.
-                                                      {169, 300, "#804000"},     // The frame of the icons...
-                                                      {175, 300, "#294189"}}) {  // ...is open inside.
-    EXPECT_EQ(drawn.pixelColor(spot.x, spot.y).name(), spot.colour) << spot.x << ',' << spot.y;
+  for (const auto& [x, y, colour] : std::initializer_list<std::tuple<int, int, const char*>>{
+           {5, 595, "#294189"},       // The board itself.
+           {357, 293, "#ff8000"},     // A die.
+           {175, 300, "#294189"}}) {  // The frame of the icons is open inside.
+    EXPECT_EQ(drawn.pixelColor(x, y).name(), colour);
   }
   const QImage icon = view("tolvane", "Image1(0)").grab().toImage();
   EXPECT_NE(icon.pixelColor(icon.rect().center()).name(), "#294189") << "The picture of SHIP is not there.";
 }
 
 TEST_F(Program, LinesAreWholePixelsOfTheDisplay) {
-  options.playerCount = 4;
-  for (const char* screen : {"tolvane", "Startplay2"}) {
-    const QWidget& shown = open(screen);
-    const QImage drawn = window(screen).grab().toImage();
-    const qreal scale = shown.devicePixelRatioF();
-    const auto device = [scale](int at) { return qRound(at * scale); };
-    for (const Widget* widget : desktop.find(screen)->widgets()) {
-      const QRect place = view(screen, widget->name.c_str()).geometry();
-      QPoint topLeft(device(place.left()), device(place.top()));
-      QPoint bottomRight(device(place.left() + place.width()) - 1, device(place.top() + place.height()) - 1);
-      const bool tick = widget->role == platform::Role::CheckBox;
-      if (tick) {
-        topLeft.ry() += (bottomRight.y() + 1 - topLeft.y() - device(15)) / 2;
-        bottomRight = topLeft + QPoint(device(15) - 1, device(15) - 1);
-      }
-      if (!widget->visible || !(tick || widget->border) || widget->background == widget->borderColour)
-        continue;
-      const QPoint inside = topLeft + (bottomRight - topLeft) / 8;  // Beside text and tick.
-      const QRgb line = qRgb(widget->borderColour.red, widget->borderColour.green, widget->borderColour.blue);
-      const int designed = std::max(1, qRound(widget->borderWidth / 15 * scale));
-      for (const auto& [at, step] :
-           std::initializer_list<std::pair<QPoint, QPoint>>{{{topLeft.x(), inside.y()}, {1, 0}},
-                                                            {{inside.x(), topLeft.y()}, {0, 1}},
-                                                            {{bottomRight.x(), inside.y()}, {-1, 0}},
-                                                            {{inside.x(), bottomRight.y()}, {0, -1}}}) {
-        // From one pixel outside: the box begins with its line, and that is all there is of it.
-        EXPECT_NE(drawn.pixel(at - step), line) << screen << ' ' << widget->name;
-        int thickness = 0;
-        while (drawn.pixel(at + step * thickness) == line) ++thickness;
-        EXPECT_EQ(thickness, designed) << screen << ' ' << widget->name;
-      }
+  QWidget& board = openBoard(4);
+  const QImage drawn = board.grab().toImage();
+  const qreal scale = board.devicePixelRatioF();
+  for (const Widget* widget : desktop.find("tolvane")->widgets()) {
+    if (!widget->visible || !widget->border || widget->background == widget->borderColour) continue;
+    const QRect place = view("tolvane", widget->name.c_str()).geometry();
+    const QPoint topLeft(qRound(place.left() * scale), qRound(place.top() * scale));
+    const QPoint end(qRound((place.left() + place.width()) * scale) - 1,
+                     qRound((place.top() + place.height()) * scale) - 1);
+    const QPoint inside = topLeft + (end - topLeft) / 8;  // Beside the text.
+    const QRgb line = qRgb(widget->borderColour.red, widget->borderColour.green, widget->borderColour.blue);
+    const std::pair<QPoint, QPoint> inwards[] = {{{topLeft.x(), inside.y()}, {1, 0}},
+                                                 {{inside.x(), topLeft.y()}, {0, 1}},
+                                                 {{end.x(), inside.y()}, {-1, 0}},
+                                                 {{inside.x(), end.y()}, {0, -1}}};
+    for (const auto& [at, step] : inwards) {
+      // From one pixel outside: the box begins with its line, and that is all there is of it.
+      EXPECT_NE(drawn.pixel(at - step), line) << widget->name;
+      int thickness = 0;
+      while (drawn.pixel(at + step * thickness) == line) ++thickness;
+      EXPECT_EQ(thickness, std::max(1, qRound(widget->borderWidth / 15 * scale))) << widget->name;
     }
   }
 }
 
 TEST_F(Program, APageHasALineAroundThatLeavesItsNumberRoom) {
   const QImage drawn = open("Wembickrules").grab().toImage();
-  const QRgb ground = qRgb(0, 0, 255);
-  const QRgb line = qRgb(0, 0, 0);
   const int thick = qRound(drawn.devicePixelRatio());
-  const QPoint edge(drawn.width() - 1, drawn.height() - 1);
-  const QPoint middle = edge / 2;
-  for (const auto& [at, step] :
-       std::initializer_list<std::pair<QPoint, QPoint>>{{{0, middle.y()}, {1, 0}},
-                                                        {{edge.x(), middle.y()}, {-1, 0}},
-                                                        {{middle.x(), 0}, {0, 1}},
-                                                        {{middle.x(), edge.y()}, {0, -1}}}) {
-    EXPECT_EQ(drawn.pixel(at), line);
-    EXPECT_EQ(drawn.pixel(at + step * (thick - 1)), line);
-    EXPECT_EQ(drawn.pixel(at + step * thick), ground);
+  const QPoint middle = QPoint(drawn.width(), drawn.height()) / 2;
+  for (const int at : {0, thick - 1}) {
+    EXPECT_EQ(drawn.pixelColor(at, middle.y()), Qt::black);
+    EXPECT_EQ(drawn.pixelColor(middle.x(), drawn.height() - 1 - at), Qt::black);
   }
-  EXPECT_EQ(drawn.pixel(0, 0), ground);
+  EXPECT_EQ(drawn.pixelColor(thick, middle.y()), Qt::blue);
+  EXPECT_EQ(drawn.pixelColor(0, 0), Qt::blue);
 }
 
 TEST_F(Program, APageBelievesItsPictureWithinReason) {
@@ -177,70 +149,35 @@ TEST_F(Program, APageBelievesItsPictureWithinReason) {
   QDir(folder.path()).mkdir("Images");
   QDir::setCurrent(folder.path());
   const QSize designed(189, 235);
-  enum Damage { None, CutShort, Rubbish };
-  for (const auto& [pixels, dotsPerInch, format, damage, size, drawn] :
-       std::initializer_list<std::tuple<QSize, int, const char*, Damage, QSize, bool>>{
-           {{150, 100}, 96, "jpg", None, {150, 100}, true},
-           {{150, 100}, 192, "jpg", None, {75, 50}, true},
-           {{3000, 30}, 96, "jpg", None, designed, true},
-           {{5800, 5800}, 4800, "jpg", None, designed, false},
-           {{150, 100}, 96, "png", None, designed, false},
-           {{150, 100}, 96, "jpg", CutShort, designed, false},
-           {{150, 100}, 96, "jpg", Rubbish, designed, false}}) {
+  // The picture's pixels, dots per inch, format and how many bytes it lacks; then the size of its box, and
+  // whether it is drawn.
+  for (const auto& [pixels, dotsPerInch, format, missing, size, drawn] :
+       std::initializer_list<std::tuple<QSize, int, const char*, int, QSize, bool>>{
+           {{150, 100}, 96, "jpg", 0, {150, 100}, true},
+           {{150, 100}, 192, "jpg", 0, {75, 50}, true},
+           {{3000, 30}, 96, "jpg", 0, designed, true},
+           {{5800, 5800}, 4800, "jpg", 0, designed, false},
+           {{150, 100}, 96, "png", 0, designed, false},
+           {{150, 100}, 96, "jpg", 2, designed, false}}) {
+    SCOPED_TRACE(testing::Message() << pixels.width() << format << dotsPerInch << missing);
     QImage picture(pixels, QImage::Format_RGB32);
     picture.fill(Qt::red);
     picture.setDotsPerMeterX(qRound(dotsPerInch / 0.0254));
     picture.setDotsPerMeterY(qRound(dotsPerInch / 0.0254));
     ASSERT_TRUE(picture.save("Images/start.jpg", format));
-    QFile file("Images/start.jpg");
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    if (damage == CutShort) file.resize(file.size() - 2);
-    if (damage == Rubbish) {
-      file.seek(file.size() - 9);
-      file.write("\xFF\x4A");
-    }
-    file.close();
+    QFile::resize("Images/start.jpg", QFile("Images/start.jpg").size() - missing);
     open("Wembickrules");
     const QImage shown = window("Wembickrules").grab(QRect(576, 288, 40, 40)).toImage();
-    EXPECT_EQ(view("Wembickrules", "Image1").size(), size)
-        << pixels.width() << ' ' << dotsPerInch << ' ' << damage;
-    EXPECT_EQ(shown.pixelColor(shown.rect().center()).red() > 200, drawn)
-        << pixels.width() << format << damage;
+    EXPECT_EQ(view("Wembickrules", "Image1").size(), size);
+    EXPECT_EQ(shown.pixelColor(shown.rect().center()).red() > 200, drawn);
     window("Wembickrules").close();
     QCoreApplication::processEvents();  // A window goes in its turn.
   }
   QDir::setCurrent(before);
 }
 
-TEST_F(Program, TheMouseGrabsWhatItIsOver) {
-  QWidget& board = openBoard(2);
-  const auto at = [&](const char* name) { return view("tolvane", name).pos(); };
-  const QPoint home = at("Label4(2)");
-  const QPoint middle(32, 32);
-  click("tolvane", "Label2(3)");
-  QTest::qWait(aWholeThrow);
-
-  QWidget& die = view("tolvane", "Label4(2)");
-  // What the window system sends while the button is held; QTest's own move has no button.
-  const auto moveTo = [&](QPoint there) {
-    QMouseEvent move(QEvent::MouseMove, there, board.mapToGlobal(there), Qt::NoButton, Qt::LeftButton, {});
-    QApplication::sendEvent(&board, &move);
-    QCoreApplication::processEvents();
-  };
-  QTest::mousePress(&board, Qt::LeftButton, {}, home + middle);
-  moveTo(at("Label4(3)") + middle);
-  EXPECT_EQ(die.pos(), at("Label4(3)"));
-  EXPECT_EQ(board.children().back(), &die) << "The dragged die is not above the others.";
-  const QPoint crew = at("Image1(3)");
-  moveTo(crew + middle + QPoint(7, -9));
-  EXPECT_EQ(die.pos(), crew + QPoint(7, -9));
-  QTest::mouseRelease(&board, Qt::LeftButton, {}, crew + middle);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(die.pos(), crew);
-}
-
-/// Counts the widgets that are painted, by name.
-class PaintCounter final : public QObject {
+/// Notes the widgets that are painted.
+class PaintWatcher final : public QObject {
  public:
   std::map<std::string, int> painted;
   bool eventFilter(QObject* object, QEvent* event) override {
@@ -250,35 +187,28 @@ class PaintCounter final : public QObject {
 };
 
 TEST_F(Program, ARollRepaintsTheDiceAlone) {
-  openBoard(2);
-  click("tolvane", "Label2(3)");
+  QWidget& board = openBoard(2);
+  QTest::keyClick(&board, Qt::Key_T);
   QTest::qWait(400);
-  PaintCounter counter;
-  qApp->installEventFilter(&counter);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return counter.painted["Label4(4)"] > 10; }));
-  qApp->removeEventFilter(&counter);
+  PaintWatcher watcher;
+  qApp->installEventFilter(&watcher);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return watcher.painted["Label4(4)"] > 10; }));
   for (const char* still : {"Label1", "Image1(0)", "Label5(0)", "Label2(3)", "Label3(0)"}) {
-    EXPECT_EQ(counter.painted[still], 0) << still;
+    EXPECT_EQ(watcher.painted[still], 0) << still;
   }
 }
 
 TEST(Keys, AreReadOnEveryKeyboard) {
-  constexpr quint32 two = 11;
-  constexpr quint32 t = 28;
-  constexpr quint32 l = 46;
+  constexpr quint32 two = 11, t = 28;  // The keys' places.
   const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
   for (const auto& [key, scanCode, modifiers, held, expected] : std::initializer_list<
            std::tuple<int, quint32, Qt::KeyboardModifiers, bool, std::optional<platform::Key>>>{
            {Qt::Key_Eacute, two, {}, false, platform::Key{'2'}},
-           {Qt::Key_2, two, shift, false, platform::Key{'2'}},
-           {Qt::Key_6, two, {}, false, platform::Key{'6'}},
            {0x435, t, {}, false, platform::Key::T},
            {Qt::Key_D, t, {}, false, platform::Key::D},
            {Qt::Key_T, t, Qt::ControlModifier, false, std::nullopt},
            {Qt::Key_T, t, {}, true, std::nullopt},
-           {Qt::Key_L, l, {}, false, std::nullopt},
            {Qt::Key_Backtab, 0, shift, false, platform::Key::BackTab},
-           {Qt::Key_Return, 0, {}, false, platform::Key::Return},
            {Qt::Key_Enter, 0, Qt::KeypadModifier, false, platform::Key::Return},
            {Qt::Key_Space, 0, {}, true, std::nullopt},
            {Qt::Key_Left, 0, {}, true, platform::Key::Left}}) {
@@ -287,22 +217,16 @@ TEST(Keys, AreReadOnEveryKeyboard) {
   }
 }
 
-/// What a screen reader finds: a line for each part with its role, its name and what it can do.
+/// What a screen reader finds: a line for each part with its role and its name.
 std::string told(QAccessibleInterface& window) {
-  static const std::map<QAccessible::Role, std::string> roles{
-      {QAccessible::Heading, "heading"}, {QAccessible::StaticText, "text"}, {QAccessible::Button, "button"},
-      {QAccessible::CheckBox, "box"},    {QAccessible::Link, "link"},       {QAccessible::ListItem, "piece"}};
   std::string all;
   for (int i = 0; i < window.childCount(); ++i) {
     QAccessibleInterface& part = *window.child(i);
     EXPECT_EQ(window.indexOfChild(&part), i);
-    EXPECT_EQ(part.parent(), &window);
-    EXPECT_FALSE(part.text(QAccessible::Name).isEmpty());
     if (part.role() == QAccessible::StatusBar) continue;  // Holds what the game says; not to be seen.
-    const QAccessible::State state = part.state();
-    EXPECT_EQ(part.actionInterface()->actionNames().size(), state.focusable && !state.disabled ? 2 : 0);
-    all += roles.at(part.role()) + (state.disabled ? " (grey)" : "") + (state.checked ? " (ticked)" : "") +
-           (state.focused ? " (here)" : "") + ": " + part.text(QAccessible::Name).toStdString() + "\n";
+    EXPECT_EQ(part.actionInterface()->actionNames().size(), part.state().focusable ? 2 : 0);
+    all += QMetaEnum::fromType<QAccessible::Role>().valueToKey(part.role());
+    all += (part.state().focused ? " (here): " : ": ") + part.text(QAccessible::Name).toStdString() + "\n";
   }
   return all;
 }
@@ -317,26 +241,25 @@ TEST_F(Program, AReaderFindsTheBoardInItsOrder) {
   QApplication::sendEvent(&board, &over);
   EXPECT_TRUE(QTest::qWaitFor([&] { return board.isActiveWindow() && board.children().back() == &die; }));
   QAccessibleInterface& reader = *QAccessible::queryAccessibleInterface(&board);
-  EXPECT_EQ(reader.role(), QAccessible::Window);
-  EXPECT_FALSE(reader.text(QAccessible::Name).isEmpty());
-  EXPECT_EQ(told(reader), R"(text: ORANGE TO PLAY
-text: ROUND 1 OF 4
-button (here): Throw Dice
-piece: die 1, not thrown
-piece: die 2, not thrown
-piece: die 3, not thrown
-piece: die 4, not thrown
-piece: die 5, not thrown
-piece: SHIP, takes a 6, empty
-piece: CAPTAIN, takes a 5, empty
-piece: MATE, takes a 4, empty
-piece: CREW, takes any die, empty
-piece: CARGO, takes any die, empty
-text: Orange 0
-text: Magenta 0
-button: New Game
-button: Exit
-text: Fair winds and a full hold!
+  EXPECT_EQ(reader.text(QAccessible::Name), "Tolvane");
+  EXPECT_EQ(told(reader), R"(StaticText: ORANGE TO PLAY
+StaticText: ROUND 1 OF 4
+Button (here): Throw Dice
+ListItem: die 1, not thrown
+ListItem: die 2, not thrown
+ListItem: die 3, not thrown
+ListItem: die 4, not thrown
+ListItem: die 5, not thrown
+ListItem: SHIP, takes a 6, empty
+ListItem: CAPTAIN, takes a 5, empty
+ListItem: MATE, takes a 4, empty
+ListItem: CREW, takes any die, empty
+ListItem: CARGO, takes any die, empty
+StaticText: Orange 0
+StaticText: Magenta 0
+Button: New Game
+Button: Exit
+StaticText: Fair winds and a full hold!
 )");
   // What a reader does in the player's place.
   const auto act = [&](const char* screen, const char* name, const QString& action) {
