@@ -10,7 +10,6 @@ from player import BOARD, MAGENTA, ORANGE, Player, until
 
 
 class Board(Player):
-    row = 288  # Where the dice lie; the board against the computer has them higher.
     data = "."  # Below the folder: where the saved game stands.
 
     def options(self):
@@ -20,7 +19,6 @@ class Board(Player):
     def new_game(self, players):
         self.options()
         self.click(50 + 86 * (players - 1), 336)
-        self.row = 280 if players == 1 else 288
         self.find_window(798)
 
     def restart(self):
@@ -28,7 +26,7 @@ class Board(Player):
         self.find_window(798)
 
     def die_at_home(self, die):
-        return self.colour(358 + 80 * die, self.row + 6) != BOARD
+        return self.colour(358 + 80 * die, 294) != BOARD
 
     def taken(self, icon):
         """Whether a die lies on the icon."""
@@ -36,9 +34,9 @@ class Board(Player):
 
     def lift(self, die):
         """Whether a die of the row follows the mouse: while dice roll, none does."""
-        self.mouse(*self.at(384 + 80 * die, self.row + 32), "mousedown", 1)
+        self.mouse(*self.at(384 + 80 * die, 320), "mousedown", 1)
         for x in 310, 300:
-            self.mouse(*self.at(x, self.row + 32), "sleep", 0.05)
+            self.mouse(*self.at(x, 320), "sleep", 0.05)
         return not self.die_at_home(die) or self.mouse("mouseup", 1)
 
     def put(self, die, icon):
@@ -49,7 +47,7 @@ class Board(Player):
         return not self.die_at_home(die)
 
     def counter(self):
-        return self.see(432, self.row - 120, 225, 49)
+        return self.see(432, 168, 225, 49)
 
     def turn_over(self):
         """Whether the throw counter has gone."""
@@ -58,23 +56,23 @@ class Board(Player):
     def throw(self):
         """Throws when the dice have come to rest from the throw before."""
         before = self.counter()
-        until(lambda: self.click(545, self.row - 36) or (self.counter() != before).any())
+        until(lambda: self.click(545, 252) or (self.counter() != before).any())
 
     def finish_turn(self, throws=3):
         for icon in range(5):  # All dice are thrown each time.
-            until(lambda: not self.taken(icon) or self.drag((216, 128 + 80 * icon), (384, self.row + 32)))
+            until(lambda: not self.taken(icon) or self.drag((216, 128 + 80 * icon), (384, 320)))
         for _ in range(throws):
             self.throw()
         until(lambda: self.turn_over() or self.lift(0))
         if not self.turn_over():
-            self.mouse(*self.at(384, self.row + 32), "mouseup", 1)
+            self.mouse(*self.at(384, 320), "mouseup", 1)
             until(lambda: self.die_at_home(0))
             for icon in range(5):  # A 6, a 5 and a 4 are there, so every icon finds its die.
                 assert any(self.die_at_home(die) and self.put(die, icon) for die in range(5)), icon
             until(self.turn_over)
 
     def dice_turn(self, colour):
-        until(lambda: all(self.colour(358 + 80 * die, self.row + 6) == colour for die in range(5)), 20)
+        until(lambda: all(self.colour(358 + 80 * die, 294) == colour for die in range(5)), 20)
 
     def leave(self):
         self.click(745, 545)
@@ -106,21 +104,6 @@ def two_players(player):
     assert player.leave() == saved
 
 
-def against_the_computer(player):
-    player.new_game(1)
-    player.finish_turn()
-    player.dice_turn(MAGENTA)
-    places = set()
-    while player.colour(358, player.row + 6) != ORANGE:
-        # Between the icons and the row of dice there is nothing but what glides.
-        ys, xs = (player.see(255, 90, 95, 400) == MAGENTA).all(axis=2).nonzero()
-        if len(xs):
-            places.add((int(xs.min()), int(ys.min())))
-    assert len(places) >= 5, places
-    saved = player.leave()
-    assert saved[:4] == [2, 0, 2, 1], saved
-
-
 def the_rules_to_print(player):
     opened = player.folder / "opened"
     player.options()
@@ -139,6 +122,5 @@ if __name__ == "__main__":
         opener.chmod(0o755)
         player.environment["PATH"] = f"{player.folder}:{player.environment['PATH']}"
         two_players(player)
-        against_the_computer(player)
         the_rules_to_print(player)
-    print("3 passed, 0 failed")
+    print("2 passed, 0 failed")
