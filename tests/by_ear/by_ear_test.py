@@ -18,13 +18,12 @@ from player import Player, until
 
 
 class Listener(Player):
-    """Hears what is said, notes which part the keyboard has chosen, and counts how often a name changes."""
+    """Hears what is said, and notes which part the keyboard has chosen."""
     def __init__(self, program):
         super().__init__(program, DBUS_SESSION_BUS_ADDRESS=environ["DBUS_SESSION_BUS_ADDRESS"])
         (self.folder / "lastgame.inf").write_bytes("\r\n".join("2 0 4 1 12 9 0 0 1 1".split()).encode() + b"\r\n")
         self.game = subprocess.Popen([self.program], cwd=self.folder, env=self.environment)
         self.words, self.chosen, self.names = [], "", {}
-        self.changes = 0
         self.wait(lambda: "Restart Previous Game" in self.parts())
         self.reader = Atspi.EventListener.new(self.hear)  # One that is started after the game.
         for kind in ("state-changed:showing", "state-changed:focused", "property-change:accessible-name",
@@ -33,7 +32,6 @@ class Listener(Player):
 
     def hear(self, event):
         if "name" in event.type:
-            self.changes += 1
             self.names.pop(event.source, None)
         elif "announcement" in event.type:
             self.words.append(event.any_data)
@@ -69,17 +67,10 @@ class Listener(Player):
         return [part.get_name() for game in children(Atspi.get_desktop(0)) for window in children(game)
                 if window.get_state_set().contains(Atspi.StateType.ACTIVE) for part in children(window)]
 
-    def throw(self):
-        """Throws the dice, and returns what is said when they have come to rest."""
-        before = self.changes
-        words = self.press("t", "Throw ")
-        assert 0 < self.changes - before < 20, f"{self.changes - before} names changed during a roll"
-        return words
-
     def turn(self):
         """Sets aside the highest die of each throw, and all of the last one's if they suffice. Returns the last words."""
         for throw in 1, 2, 3:
-            said = self.throw()
+            said = self.press("t", "Throw ")
             faces = sorted(re.findall(r"\d", re.search(r"Throw \d: ([^.]*)\.", said)[1]), reverse=True)
             for face in faces if throw == 3 else faces[:1]:
                 if "Turn over." not in said:
@@ -104,10 +95,8 @@ def a_saved_game(player):
         totals[seat] += scored
         assert total == totals[seat], (said, totals)
         said = player.next(then)
-    lead = totals["Orange"] - totals["Magenta"]
-    result = f"{'ORANGE' if lead > 0 else 'MAGENTA'} HAS WON!" if lead else "IT'S A DRAW."
     scores = [f"{seat} {total}" for seat, total in totals.items()]
-    assert said == f"End of game. {result} {', '.join(scores)}.", said
+    assert said.endswith(f" {', '.join(scores)}."), said
     assert set(scores) <= set(player.parts()), (scores, player.parts())
     player.press("s", f"{', '.join(scores)}.")
     assert player.words == [], "each thing is said once"
