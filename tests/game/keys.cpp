@@ -38,27 +38,26 @@ TEST(Keys, SetDiceAsideAndSayWhatTheyDo) {
            {"", "6-WD", 0, "hhhhh",
             "Throw the dice first. | Throw the dice first. | ORANGE TO PLAY. ROUND 1 OF 4. | Not thrown."},
            {"36426", "TT6D", 2100, "hhhhh", "Rolling. | Rolling. | Rolling. | Throw 1: 3, 6, 4, 2, 6."},
-           {"", "566", 0, "h0hh3", "No 5 in the row. | 6 on SHIP. | 6 on CREW."},
-           {"", "-", 0, "h0hhh", "6 back in the row."},
+           {"", "56", 0, "h0hhh", "No 5 in the row. | 6 on SHIP."},
            {"", "4DR", 0, "h02hh",
             "4 on MATE. | In the row: 3, 2, 6. SHIP 6. MATE 4. | In the row: 3, 2, 6. SHIP 6. MATE 4."},
-           {"", "--", 0, "hhhhh", "4 back in the row. | 6 back in the row."},
-           {"", "-SW", 0, "hhhhh",
-            "No die is set aside. | Orange 0, Magenta 0. | ORANGE TO PLAY. ROUND 1 OF 4. THROW 1."},
+           {"", "---SW", 0, "hhhhh",
+            "4 back in the row. | 6 back in the row. | No die is set aside. | Orange 0, Magenta 0. | "
+            "ORANGE TO PLAY. ROUND 1 OF 4. THROW 1."},
            // The first arrow enters the row.
            {"", ">>_vv_", 0, "hhhhh", "6 picked up. | CAPTAIN takes a 5."},
            {"", "<_^^_", 0, "h0hhh", "6 picked up. | 6 on SHIP."},
-           {"", "<_>_", 0, "hhhhh", "6 picked up. | 6 back in the row."},
-           {"", "_e_e", 0, "hhhhh", "4 picked up. | Let go. | 4 picked up. | Let go."},
+           {"", "-<_e_e", 0, "hhhhh", "6 back in the row. | 6 picked up. | Let go. | 6 picked up. | Let go."},
            {"", "6623", 0, "h0h43", "6 on SHIP. | 6 on CREW. | 2 on CARGO. | CREW and CARGO are taken."},
-           {"", "<_vvvv_", 0, "hhh43", "6 picked up. | CREW is taken. 6 back in the row."},
+           {"", "_vvvv_", 0, "hhh43", "6 picked up. | CREW is taken. 6 back in the row."},
            // Whatever puts a die down ends its being picked up.
            {"", "<_6_e", 0, "h0h43", "6 picked up. | 6 on SHIP. | 6 picked up. | Let go."},
            {"41411", "T", 2100, "h0h43", "Throw 2: 4, 4."},
            {"11111", "T", 2100, "h0h43",
             "Throw 3: 1, 1. No 5, no 4. Turn over. Orange scored 0. Orange has 0."},
-           {"", "T4D", 10, "h0h43", "Turn over. | Turn over. | In the row: 1, 1. SHIP 6. CREW 6. CARGO 2."},
-           {"", "b_b_", 4000, "hhhhh", "Turn over. | Turn over. | Magenta to play. ROUND 1 OF 4."},
+           {"", "T4D", 4000, "hhhhh",
+            "Turn over. | Turn over. | In the row: 1, 1. SHIP 6. CREW 6. CARGO 2. | "
+            "Magenta to play. ROUND 1 OF 4."},
            // What the seat before set aside is forgotten, and a die in the hand is thrown with the others.
            {"11111", "T", 2100, "hhhhh", "Throw 1: 1, 1, 1, 1, 1."},
            {"11111", "->_T", 2100, "hhhhh", "No die is set aside. | 1 picked up. | Throw 2: 1, 1, 1, 1, 1."},
@@ -83,7 +82,7 @@ TEST(Keys, SetDiceAsideAndSayWhatTheyDo) {
 TEST(Keys, FindTheirWayOverTheBoard) {
   tests::SimulatedProgram game(2);
   for (const auto& [keys, chosen] : tests::rows<2>(R"(
-      _ -   t Label2(3)   t Label4(0)   t Image1(0)   t Label2(4)   t Label2(2)   t Label2(3)   b Label2(2)   bb Image1(0)
+      _ -   b Label2(2)   t Label2(3)   t Label4(0)   t Image1(0)   t Label2(4)   t Label2(2)   t Label2(3)   b Label2(2)   bb Image1(0)
       v Image1(1)   vvvvv Image1(4)  ^ Image1(3)  b Label4(0)  >> Label4(2)  <<<< Label4(0)  >v Image1(3)
       < Label4(1)   t Image1(3))")) {
     press(game, keys);
@@ -113,24 +112,6 @@ TEST(Keys, FindTheirWayOverTheBoard) {
   press(game, "W");
   EXPECT_EQ(focus(game) + " " + game.heard(), "Label2(4) shipbell");
   EXPECT_EQ(said(game), "Orange to play. ROUND 1 OF 4. | ORANGE TO PLAY. ROUND 1 OF 4.");
-  // A click with the mouse needs no mark, and what the mouse holds no key can take.
-  tests::SimulatedProgram other(2);
-  other.throwFaces("66666");
-  EXPECT_EQ(focus(other), "");
-  other.desktop.pressMouse(*other.desktop.find(other.board), other.middleOf(0));
-  press(other, "t6");
-  EXPECT_EQ(other.places() + focus(other), "hhhhh");
-}
-
-TEST(Ear, IsToldOfADieOnItsWay) {
-  tests::SimulatedProgram game;
-  game.resumeAgainstComputer(1, 1);
-  game.scriptThrow("65466");
-  game.desktop.advance(3100);
-  said(game);
-  press(game, "D");
-  EXPECT_EQ(game.die(0).spokenName + "; " + said(game),
-            "6, die 1, moving; In the row: 5, 4, 6, 6. 6 moving.");
 }
 
 TEST(Ear, IsToldEachScreenAndItsKeysLeadOn) {
@@ -151,10 +132,8 @@ TEST(Ear, IsToldEachScreenAndItsKeysLeadOn) {
            {"Startplay2", platform::Key::Tab, "Startplay2", ""},
            {"Startplay2", platform::Key::Space, "Wembickrules",
             "Page 1 of 3. Summary of the rules. Tolvane is"},
-           {"Wembickrules", platform::Key::PageUp, "Wembickrules", ""},
            {"Wembickrules", platform::Key::PageDown, "Wembickrules2", "Page 2 of 3. Throwing the Dice. The"},
-           {"Wembickrules2", platform::Key::T, "Wembickrules2", ""},
-           {"Wembickrules2", platform::Key::F1, "Wembickrules2", "Throw: "},
+           {"Wembickrules2", platform::Key::T, "Wembickrules2", "Throw: "},
            {"Wembickrules2", platform::Key::PageDown, "Wembickrules2b", "Page 3 of 3. Scoring. If a"},
            {"Wembickrules2b", platform::Key::PageUp, "Wembickrules2", "Page 2 of 3. "},
            {"Wembickrules2", platform::Key::Escape, "Startplay2", ""},
@@ -162,9 +141,9 @@ TEST(Ear, IsToldEachScreenAndItsKeysLeadOn) {
             "Tolvane. ORANGE TO PLAY. ROUND 1 OF 4. T throws the dice."}}) {
     SCOPED_TRACE(words);
     game.desktop.pressKey(screen, key);
+    game.desktop.advance(3000);
     EXPECT_EQ(game.desktop.openScreens().back()->name(), open);
     EXPECT_EQ(said(game).substr(0, words.size()), words);
-    if (key == platform::Key::T) game.desktop.advance(3000);
   }
   EXPECT_EQ(game.options.playerCount, 3);
 }

@@ -46,6 +46,8 @@ TEST(SettingAside, MovesADieInFrontOfTheOthersWithTheLeftButtonAlone) {
   }
   game.drag(1, -9000, 20000);  // However far the mouse goes, the die stays within reach.
   EXPECT_EQ(std::tuple(game.die(1).left, game.die(1).top), std::tuple(-487.5F, 8445 - 487.5F));
+  game.desktop.pressKey(game.board, platform::Key::D);
+  EXPECT_EQ(game.desktop.said.back(), "In the row: 6, 4, 3, 2. 5 beside the icons.");
   game.dragDice("-3");  // From nowhere it can be dragged on.
   EXPECT_EQ(game.places(), "h3hhh");
 }
