@@ -33,21 +33,3 @@ TEST(SettingAside, FollowsTheIconsAndTheHomeRow) {
     EXPECT_EQ(game.places() + " " + game.heard(), places + " " + sounds);
   }
 }
-
-TEST(SettingAside, MovesADieInFrontOfTheOthersWithTheLeftButtonAlone) {
-  tests::SimulatedProgram game(2);
-  game.throwFaces("65432");
-  for (const int buttons : {0, 2, 3, 4, 5}) {
-    const platform::MouseEvent over = game.middleOf(1, buttons);
-    game.desktop.drag(game.board, over, {buttons, over.x + 9, over.y});
-    EXPECT_EQ(game.places(), "hhhhh") << buttons;
-    EXPECT_EQ(game.desktop.find(game.board)->drawingOrder().back(), &game.die(1)) << buttons;
-    game.desktop.drag(game.board, game.middleOf(2, 0), game.middleOf(2, 0));
-  }
-  game.drag(1, -9000, 20000);  // However far the mouse goes, the die stays within reach.
-  EXPECT_EQ(std::tuple(game.die(1).left, game.die(1).top), std::tuple(-487.5F, 8445 - 487.5F));
-  game.desktop.pressKey(game.board, platform::Key::D);
-  EXPECT_EQ(game.desktop.said.back(), "In the row: 6, 4, 3, 2. 5 beside the icons.");
-  game.dragDice("-3");  // From nowhere it can be dragged on.
-  EXPECT_EQ(game.places(), "h3hhh");
-}
