@@ -4,9 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
-#include <deque>
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 #include <random>
 #include <sstream>
@@ -79,21 +77,7 @@ class SimulatedProgram {
     desktop.sounds.clear();
   }
 
-  /// From the title screen to the board against the computer, resumed in `round` with `seat` to play.
-  void resumeAgainstComputer(int seat, int round) {
-    board = "tolvanecomputer";
-    options = {
-        .playerCount = 2, .soundOn = 1, .computerOpponent = 1, .restoreSavedGame = 1, .hideDesktop = 0};
-    state = {.currentSeat = seat, .roundNumber = round, .seatScore = {}};
-    desktop.start(board);
-    options.restoreSavedGame = 0;
-  }
-
-  platform::Widget& at(std::string_view name) {
-    platform::Widget* found = desktop.widget(board, name);
-    if (!found) throw std::out_of_range(std::string(name));
-    return *found;
-  }
+  platform::Widget& at(std::string_view name) { return *desktop.widget(board, name); }
   platform::Widget& die(std::size_t i) { return at(platform::indexed("Label4", i)); }
   platform::Widget& home(std::size_t i) { return at(platform::indexed("Label7", i)); }
   platform::Widget& icon(std::size_t i) { return at(platform::indexed("Image1", i)); }
@@ -184,22 +168,19 @@ class SimulatedProgram {
   }
 
   /// What the dice show in the next milliseconds, from each change on, and how often they were rolled, all of
-  /// them together: "250 33333; 1000 13333; 1005 times". Rolling dice show a 3. After each millisecond
-  /// `meanwhile` happens.
-  std::string watchDice(int milliseconds, const std::function<void()>& meanwhile) {
+  /// them together: "250 33333; 1000 13333; 1005 times". Rolling dice show a 3.
+  std::string watchDice(int milliseconds) {
     constexpr std::size_t enough = 5000;
-    std::deque<double>& script = desktop.chance().script;
-    script.assign(enough, 0.4);
+    desktop.chance().script.assign(enough, 0.4);
     std::string seen;
     std::string before = faces();
     for (int time = 1; time <= milliseconds; ++time) {
       desktop.advance(1);
       if (faces() != before) seen += std::to_string(time) + " " + faces() + "; ";
       before = faces();
-      meanwhile();
     }
-    seen += std::to_string(enough - script.size()) + " times";
-    script.clear();
+    seen += std::to_string(enough - desktop.chance().script.size()) + " times";
+    desktop.chance().script.clear();
     return seen;
   }
 };
