@@ -6,8 +6,8 @@
 namespace {
 
 // Sets dice aside until nothing is worth keeping. A die is at home ("." in `places`) or on the icon of that
-// index. " 10 01" says that die 1 went to SHIP, then die 0 to CAPTAIN.
-std::string setAside(std::string_view faces, std::string& places, int throwCount) {
+// index. "10 01" says that die 1 went to SHIP, then die 0 to CAPTAIN.
+std::string setAside(std::string_view faces, std::string places, int throwCount) {
   std::string made;
   while (made.size() < 18) {
     std::array<int, game::diceCount> shown{};
@@ -21,21 +21,20 @@ std::string setAside(std::string_view faces, std::string& places, int throwCount
     const auto choice = computer::decide(shown, atHome, taken, throwCount);
     if (!choice) break;
     places[choice->die] = "01234"[static_cast<std::size_t>(choice->icon)];
-    made += " " + std::to_string(choice->die) + places[choice->die];
+    made += (made.empty() ? "" : " ") + std::to_string(choice->die) + places[choice->die];
   }
   return made;
 }
 
 TEST(Decisions, FollowTheRulesOfTheThrow) {
-  std::istringstream rows(  // The throw, the faces, the places, and what is chosen.
-      "1 56264 ..... 10 01 42 33 ; 1 65466 ..... 00 11 22 33 44 ; 1 54321 ..... 01 12 ; 1 66123 ..... 00 ;"
-      "1 11233 ..... ; 1 65443 012.. ; 1 65454 012.. 33 ; 1 65554 01.32 24 ; 2 35416 .1... 40 22 ;"
-      "2 65344 01..2 33 ; 2 65344 01.32 ; 2 65444 012.. 33 44 ; 2 65343 01.2. ; 3 65144 01.32 24 ;"
-      "3 65411 012.. 33 44 ; 3 65011 01... ; 3 64211 02... ; 3 61245 0.... 41 32 13 24 ; 3 11111 01234 ;");
-  int throwCount = 0;
-  for (std::string faces, places, chosen;
-       rows >> throwCount >> faces >> places && getline(rows, chosen, ';');) {
-    EXPECT_EQ(setAside(faces, places, throwCount) + " ", chosen) << throwCount << " " << faces;
+  // The throw, the faces, the places, and what is chosen.
+  for (const auto& [throwCount, faces, places, chosen] : tests::rows<4>(R"(
+      1 56264 ..... 10+01+42+33   1 65466 ..... 00+11+22+33+44   1 54321 ..... 01+12   1 66123 ..... 00
+      1 11233 ..... -             1 65443 012.. -                1 65454 012.. 33      1 65554 01.32 24
+      2 35416 .1... 40+22         2 65344 01..2 33               2 65344 01.32 -       2 65444 012.. 33+44
+      2 65343 01.2. -             3 65144 01.32 24               3 65411 012.. 33+44   3 65011 01... -
+      3 64211 02... -             3 61245 0.... 41+32+13+24      3 11111 01234 -)")) {
+    EXPECT_EQ(setAside(faces, places, std::stoi(throwCount)), chosen) << throwCount << " " << faces;
   }
 }
 
