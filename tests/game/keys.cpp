@@ -78,7 +78,7 @@ TEST(Keys, SetDiceAsideAndSayWhatTheyDo) {
 TEST(Keys, FindTheirWayOverTheBoard) {
   tests::SimulatedProgram game(2);
   for (const auto& [keys, chosen] : tests::rows<2>(R"(
-      _ -   b Label2(2)   t Label2(3)   t Label4(0)   t Image1(0)   t Label2(4)   t Label2(2)   t Label2(3)   b Label2(2)   bb Image1(0)
+      _ -   t Label2(3)   b Label2(2)   t Label2(3)   t Label4(0)   t Image1(0)   t Label2(4)   t Label2(2)   t Label2(3)   b Label2(2)   bb Image1(0)
       v Image1(1)   vvvvv Image1(4)  ^ Image1(3)  b Label4(0)  >> Label4(2)  <<<< Label4(0)  >v Image1(3)
       < Label4(1)   t Image1(3))")) {
     press(game, keys);

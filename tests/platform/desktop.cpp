@@ -107,7 +107,7 @@ TEST(Mouse, CarriesWhatItHoldsAndNothingElse) {
   hand.dragDice("00");
   const Place ship{hand.icon(0).left + 480, hand.icon(0).top + 480}, third{7700, 4800}, fourth{8900, 4800};
   const auto inFront = [&hand] { return hand.screen().drawingOrder().back()->name; };
-  hand.press(ship);  // Of two dice there the one in front.
+  EXPECT_TRUE(hand.press(ship));  // Of two dice there the one in front.
   hand.move(third);
   hand.move(fourth);
   hand.held = 0;
