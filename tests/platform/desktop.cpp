@@ -150,6 +150,7 @@ TEST(Mouse, LeavesTheSecondOfTwoClicksUnheard) {
   }
 }
 
+#ifndef _WIN32  // Which does that by itself.
 TEST(File, IsFoundInEveryCase) {
   const tests::EmptyFolder folder;
   std::filesystem::create_directories("Images/Old");
@@ -161,3 +162,4 @@ TEST(File, IsFoundInEveryCase) {
     EXPECT_EQ(platform::fileNamed(name).generic_string(), file);
   }
 }
+#endif
