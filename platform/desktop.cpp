@@ -55,8 +55,7 @@ void Desktop::show(std::string_view name) {
     present(*open_.back());
     return;
   }
-  const auto entry = std::find_if(factories_.begin(), factories_.end(),
-                                  [name](const auto& registered) { return registered.first == name; });
+  const auto entry = std::ranges::find(factories_, name, [](const auto& known) { return known.first; });
   assert(entry != factories_.end() && "No screen of this name is registered.");
   if (entry == factories_.end()) return;
   Screen& screen = *open_.emplace_back(entry->second());
@@ -89,7 +88,10 @@ void Desktop::say(std::string_view words) {
 
 void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
   assert(!handling_ && "One handler runs at a time.");
-  handling_ = true;
+  const struct Handling {
+    bool& underWay;
+    ~Handling() { underWay = false; }
+  } handling{handling_ = true};
   moment_ = moment;
   handler();
   for (const auto& screen : closed_) dismiss(*screen);
@@ -101,11 +103,8 @@ void Desktop::handleAt(Moment moment, const std::function<void()>& handler) {
     lastSaid_ = std::exchange(words_, {});
     announce(lastSaid_);
   }
-  if (std::all_of(open_.begin(), open_.end(),
-                  [](const auto& screen) { return screen->frame == Frame::Backdrop; })) {
-    endProgram();
-  }
-  handling_ = false;
+  const auto isBackdrop = [](const auto& screen) { return screen->frame == Frame::Backdrop; };
+  if (std::ranges::all_of(open_, isBackdrop)) endProgram();
 }
 
 void Desktop::start(std::string_view screen) {
@@ -135,9 +134,7 @@ bool Desktop::pressMouse(Screen& screen, const MouseEvent& mouse) {
 void Desktop::moveMouse(Screen& screen, MouseEvent mouse) {
   if (screen.held_ && mouse.buttons == 0) {  // The window system has kept the release to itself.
     releaseMouse(screen, mouse, 0);
-    const bool gone =
-        std::none_of(open_.begin(), open_.end(), [&](const auto& open) { return open.get() == &screen; });
-    if (gone) return;
+    return;  // The screen may have gone with it.
   }
   Widget* heard = screen.held_;
   if (!heard) {

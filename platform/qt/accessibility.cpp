@@ -37,8 +37,7 @@ class SpokenText final : public QAccessibleWidget {
   }
 
   void show(const QString& words) {
-    widget()->setAccessibleName(
-        words);  // Some readers keep names, and hear of this, or speak the one they know.
+    widget()->setAccessibleName(words);  // Readers that keep names hear of this.
     QAccessibleEvent shown(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);
   }

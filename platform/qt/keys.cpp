@@ -37,17 +37,12 @@ constexpr std::array places{Place{10, '1'}, Place{11, '2'}, Place{12, '3'}, Plac
 std::optional<Key> keyFrom(const QKeyEvent& event) {
   constexpr Qt::KeyboardModifiers ours = Qt::ShiftModifier | Qt::KeypadModifier;
   if ((event.modifiers() & ~ours) != Qt::NoModifier) return std::nullopt;
-  const auto named = std::find_if(namedKeys.begin(), namedKeys.end(),
-                                  [&](const NamedKey& known) { return known.code == event.key(); });
+  const auto* named = std::ranges::find(namedKeys, event.key(), &NamedKey::code);
   if (event.isAutoRepeat() && (named == namedKeys.end() || !named->repeats)) return std::nullopt;
   if (named != namedKeys.end()) return named->key;
   // Where letters are others and digits need Shift, a key counts by its place; what it gives comes first.
-  auto found = std::find_if(places.begin(), places.end(),
-                            [&](const Place& place) { return place.character == event.key(); });
-  if (found == places.end()) {
-    found = std::find_if(places.begin(), places.end(),
-                         [&](const Place& place) { return place.scanCode == event.nativeScanCode(); });
-  }
+  const auto* found = std::ranges::find(places, event.key(), &Place::character);
+  if (found == places.end()) found = std::ranges::find(places, event.nativeScanCode(), &Place::scanCode);
   if (found == places.end()) return std::nullopt;
   return Key{found->character};
 }

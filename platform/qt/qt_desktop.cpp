@@ -108,8 +108,7 @@ void QtDesktop::followMinimising(bool minimised) {
 }
 
 bool QtDesktop::nobodySeen() const {
-  return std::all_of(windows_.begin(), windows_.end(),
-                     [](const auto& window) { return window->isMinimized(); });
+  return std::ranges::all_of(windows_, [](const auto& window) { return window->isMinimized(); });
 }
 
 QMargins QtDesktop::titleBar(const ScreenWindow& window) {

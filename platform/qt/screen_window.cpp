@@ -74,8 +74,7 @@ void ScreenWindow::refresh() {
 }
 
 View* ScreenWindow::view(const Widget& widget) const {
-  const auto found = std::find_if(views_.begin(), views_.end(),
-                                  [&](const View* view) { return &view->widget() == &widget; });
+  const auto found = std::ranges::find(views_, &widget, [](const View* view) { return &view->widget(); });
   return found == views_.end() ? nullptr : *found;
 }
 

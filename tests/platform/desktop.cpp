@@ -32,6 +32,13 @@ TEST(Timer, KeepsItsRhythmAndCausesNoBurst) {
   }
 }
 
+TEST(Desktop, HandlesTheNextEventAfterOneThatFailed) {
+  tests::SimulatedProgram game(2);
+  EXPECT_THROW(game.desktop.handle([] { throw std::bad_alloc(); }), std::bad_alloc);
+  game.click("Label2(2)");
+  EXPECT_EQ(game.heard(), "click1");
+}
+
 using Place = std::pair<float, float>;
 
 // A hand on the mouse, over the screen in front.
@@ -112,6 +119,7 @@ TEST(Mouse, CarriesWhatItHoldsAndNothingElse) {
   hand.move(fourth);
   hand.held = 0;
   hand.move(fourth);  // The release got lost.
+  hand.move(fourth);
   EXPECT_EQ(hand.places() + inFront(), "0hhhhLabel4(3)");
   EXPECT_FALSE(hand.press({6000, 8000}));
   hand.move(third);
