@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/window_system.h"
+
 namespace platform::qt {
 
 namespace {
@@ -28,9 +30,9 @@ struct Place {
   char character;
 };
 
-constexpr std::array places{Place{10, '1'}, Place{11, '2'}, Place{12, '3'}, Place{13, '4'},
-                            Place{14, '5'}, Place{15, '6'}, Place{25, 'W'}, Place{27, 'R'},
-                            Place{28, 'T'}, Place{39, 'S'}, Place{40, 'D'}};
+constexpr std::array places{Place{2, '1'},  Place{3, '2'},  Place{4, '3'},  Place{5, '4'},
+                            Place{6, '5'},  Place{7, '6'},  Place{17, 'W'}, Place{19, 'R'},
+                            Place{20, 'T'}, Place{31, 'S'}, Place{32, 'D'}};
 
 }  // namespace
 
@@ -42,7 +44,8 @@ std::optional<Key> keyFrom(const QKeyEvent& event) {
   if (named != namedKeys.end()) return named->key;
   // Where letters are others and digits need Shift, a key counts by its place; what it gives comes first.
   const auto* found = std::ranges::find(places, event.key(), &Place::character);
-  if (found == places.end()) found = std::ranges::find(places, event.nativeScanCode(), &Place::scanCode);
+  const quint32 scanCode = event.nativeScanCode() - firstScanCode;
+  if (found == places.end()) found = std::ranges::find(places, scanCode, &Place::scanCode);
   if (found == places.end()) return std::nullopt;
   return Key{found->character};
 }

@@ -12,6 +12,9 @@ namespace platform::qt {
 /// Before there is an application: chooses the window system, where there is more than one.
 void chooseWindowSystem();
 
+/// What the window system calls the key that the keyboard itself gives the number 0.
+extern const quint32 firstScanCode;
+
 /// The frame that is going to stand around `window`, which is created and not yet on the display. Nothing
 /// where nobody knows.
 std::optional<QMargins> futureFrame(QWindow& window);

@@ -4,6 +4,8 @@
 
 namespace platform::qt {
 
+const quint32 firstScanCode = 8;
+
 void chooseWindowSystem() {}
 
 std::optional<QMargins> futureFrame(QWindow& /*window*/) {

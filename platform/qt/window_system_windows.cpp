@@ -5,6 +5,8 @@
 
 namespace platform::qt {
 
+const quint32 firstScanCode = 0;
+
 void chooseWindowSystem() {}
 
 std::optional<QMargins> futureFrame(QWindow& window) {

@@ -69,6 +69,8 @@ int inPixels(double dots, const QWindow& window) {
 
 }  // namespace
 
+const quint32 firstScanCode = 8;
+
 // The game places and stacks its own windows, which only X11 lets it do, if anything does; Wayland is better
 // than nothing.
 void chooseWindowSystem() {
