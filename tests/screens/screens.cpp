@@ -64,7 +64,7 @@ TEST(Screens, StandInTheMiddleOfTheDisplay) {
     EXPECT_EQ(desktop.widget("Startplay2", "Check3")->visible, width > 12000);
     EXPECT_EQ(place(*desktop.find("Startplay2")), (std::array{width / 2, height / 2, 0.F, 0.F}));
     desktop.start("tolvane");
-    EXPECT_EQ(desktop.pointers.back(), platform::Pointer::Default);
+    EXPECT_EQ(desktop.pointers, (std::vector{platform::Pointer::Busy, platform::Pointer::Default}));
     EXPECT_EQ(place(*desktop.find("tolvane")), (std::array{left, top, 12000.F, 9000.F}));
   }
 }
