@@ -98,6 +98,7 @@ TEST(TryItOut, RollsAndSettlesToTheMillisecond) {
         soundOn == 1
             ? "cupdice 1200 33333; 1500 23333; 1750 21333; 2000 21433; 2250 21413; 2500 21411; 800 times"
             : " 100 33333; 300 23333; 550 21333; 800 21433; 1050 21413; 1300 21411; 700 times");
+    EXPECT_EQ(program.desktop.chance().reseeds, 2);
     EXPECT_EQ(program.desktop.nextTick(), std::nullopt);
     EXPECT_TRUE(program.die(4).enabled);
   }
