@@ -13,9 +13,9 @@ import numpy
 
 sys.path.append(str(Path(__file__).resolve().parents[1] / "end_to_end"))
 from play_test import MAGENTA, ORANGE
-from windows_test import Watcher, until
+from player import ROOT, until
+from windows_test import Watcher
 
-ROOT = Path(__file__).resolve().parents[2]
 FOLDER = Path(sys.argv[1]).resolve()
 
 
@@ -46,8 +46,8 @@ class AtWindows(Watcher):
         """The loudest that is heard while `what` is done."""
         recording = self.folder / "recording"
         with open(recording, "wb") as file:
-            listener = subprocess.Popen(["parec", "-d", "deaf.monitor", "--format=s16le", "--latency-msec=1"], env=self.environment,
-                                        stdout=file)
+            listener = subprocess.Popen(["parec", "-d", "deaf.monitor", "--format=s16le", "--latency-msec=1"],
+                                        env=self.environment, stdout=file)
         until(lambda: recording.stat().st_size)
         what()
         until(lambda silent=recording.stat().st_size: recording.stat().st_size > silent + 500000)  # Some seconds.
@@ -67,7 +67,8 @@ def rooms_pass(player):
                      f"-DCMAKE_TOOLCHAIN_FILE={ROOT}/packaging/mingw/toolchain.cmake",
                      "-DCMAKE_CROSSCOMPILING_EMULATOR=wine"),
                     ("cmake", "--build", build), ("ctest", "--test-dir", build, "--output-on-failure")):
-        done = subprocess.run(command, env=player.environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        done = subprocess.run(command, env=player.environment, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              text=True)
         assert done.returncode == 0, done.stdout
     assert "100% tests passed" in done.stdout, done.stdout
 
